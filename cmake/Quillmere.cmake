@@ -1,0 +1,101 @@
+# How this project builds: compiler settings, the libraries it stands on, and three helpers.
+#
+#   quillmere_library(name ...)   a static library of a subsystem, with its QML module where it has one
+#   quillmere_test(name ...)      a test program that links what ships
+#   quillmere_program(name ...)   a program
+
+include(CTest)
+
+set(CMAKE_CXX_STANDARD 20)
+set(CMAKE_CXX_STANDARD_REQUIRED ON)
+set(CMAKE_CXX_EXTENSIONS OFF)
+set(CMAKE_POSITION_INDEPENDENT_CODE ON)
+
+find_package(Qt6 6.4 REQUIRED COMPONENTS Core Gui Network DBus Qml Quick Concurrent)
+if(BUILD_TESTING)
+    find_package(Qt6 6.4 REQUIRED COMPONENTS Test QuickTest)
+endif()
+find_package(QCoro6 0.8 REQUIRED COMPONENTS Core Network)
+find_package(simdjson REQUIRED)
+find_package(PkgConfig REQUIRED)
+pkg_check_modules(LIBSECRET REQUIRED IMPORTED_TARGET libsecret-1)
+
+qt_standard_project_setup()
+qcoro_enable_coroutines()
+set(QT_QML_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/qml)
+set_property(GLOBAL PROPERTY QUILLMERE_QML_MODULES "")
+
+add_library(quillmere_settings INTERFACE)
+target_compile_features(quillmere_settings INTERFACE cxx_std_20)
+target_compile_options(quillmere_settings INTERFACE
+    -Wall -Wextra -Wpedantic -Wnon-virtual-dtor -Woverloaded-virtual -Wcast-align -Werror)
+target_compile_definitions(quillmere_settings INTERFACE
+    QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_FOREACH QT_NO_URL_CAST_FROM_STRING QT_NO_NARROWING_CONVERSIONS_IN_CONNECT)
+target_include_directories(quillmere_settings INTERFACE ${PROJECT_SOURCE_DIR}/src)
+if(QUILLMERE_SANITIZE)
+    target_compile_options(quillmere_settings INTERFACE
+        -fsanitize=${QUILLMERE_SANITIZE} -fno-omit-frame-pointer -fno-sanitize-recover=all)
+    target_link_options(quillmere_settings INTERFACE -fsanitize=${QUILLMERE_SANITIZE})
+endif()
+
+# A subsystem. URI makes it a QML module too. LINK names what its users see as well, PRIVATE_LINK what only it uses.
+# QML_FILES and headers may stand in folders; a QML file's folder plays no part in its type's name.
+function(quillmere_library name)
+    cmake_parse_arguments(arg "" "URI" "SOURCES;QML_FILES;QML_SINGLETONS;QML_IMPORTS;RESOURCES;LINK;PRIVATE_LINK" ${ARGN})
+
+    qt_add_library(${name} STATIC)
+    target_sources(${name} PRIVATE ${arg_SOURCES})
+    target_link_libraries(${name} PUBLIC quillmere_settings ${arg_LINK} PRIVATE ${arg_PRIVATE_LINK})
+
+    # The code that registers QML types includes their headers by bare name.
+    list(FILTER arg_SOURCES EXCLUDE REGEX "^/")
+    foreach(source IN LISTS arg_SOURCES)
+        get_filename_component(folder ${source} DIRECTORY)
+        target_include_directories(${name} PRIVATE ${CMAKE_CURRENT_SOURCE_DIR}/${folder})
+    endforeach()
+
+    if(NOT arg_URI)
+        return()
+    endif()
+    foreach(file IN LISTS arg_QML_FILES arg_QML_SINGLETONS)
+        get_filename_component(alias ${file} NAME)
+        set_source_files_properties(${file} PROPERTIES QT_RESOURCE_ALIAS ${alias})
+    endforeach()
+    set_source_files_properties(${arg_QML_SINGLETONS} PROPERTIES QT_QML_SINGLETON_TYPE TRUE)
+    qt_add_qml_module(${name}
+        URI ${arg_URI}
+        VERSION 1.0
+        RESOURCE_PREFIX /qt/qml
+        DEPENDENCIES QtQuick ${arg_QML_IMPORTS}
+        QML_FILES ${arg_QML_FILES} ${arg_QML_SINGLETONS}
+        RESOURCES ${arg_RESOURCES})
+    set_property(GLOBAL APPEND PROPERTY QUILLMERE_QML_MODULES ${name})
+    # Whoever links a module gets its plugin, without which the engine does not find its types.
+    target_link_libraries(${name} INTERFACE ${name}plugin)
+endfunction()
+
+function(quillmere_program name)
+    cmake_parse_arguments(arg "" "" "SOURCES;LINK" ${ARGN})
+    qt_add_executable(${name} ${arg_SOURCES})
+    target_link_libraries(${name} PRIVATE quillmere_settings ${arg_LINK})
+endfunction()
+
+# A test program of one source file named after it, registered with CTest. WITH names what it needs around it:
+# "display" (an X server with a window manager), "keyring" (a session bus with a Secret Service).
+function(quillmere_test name)
+    cmake_parse_arguments(arg "" "WITH;TIMEOUT" "SOURCES;LINK;LABELS" ${ARGN})
+    if(NOT arg_TIMEOUT)
+        set(arg_TIMEOUT 120)
+    endif()
+    quillmere_program(${name} SOURCES ${name}.cpp ${arg_SOURCES} LINK Qt6::Test ${arg_LINK})
+    set(around)
+    foreach(need IN LISTS arg_WITH)
+        list(APPEND around ${PROJECT_SOURCE_DIR}/tests/support/with-${need})
+    endforeach()
+    add_test(NAME ${name} COMMAND ${around} $<TARGET_FILE:${name}>)
+    set_tests_properties(${name} PROPERTIES TIMEOUT ${arg_TIMEOUT} LABELS "${arg_LABELS}")
+    if(NOT arg_WITH)
+        set_tests_properties(${name} PROPERTIES
+            ENVIRONMENT "QT_QPA_PLATFORM=offscreen;QT_QUICK_BACKEND=software;DBUS_SESSION_BUS_ADDRESS=unix:path=/nonexistent")
+    endif()
+endfunction()

@@ -1,0 +1,74 @@
+#include "app/theme/Motion.h"
+
+#include "platform/Environment.h"
+
+#include <QPointF>
+
+#include <algorithm>
+#include <cmath>
+#include <numbers>
+
+namespace quillmere {
+
+namespace {
+
+// x'' + 2 d w x' + w² x = w², from rest at 0: where the spring stands after t seconds, and how fast it moves.
+struct Spring {
+    double frequency;
+    double damping;
+
+    static Spring of(double response, double damping)
+    {
+        return {2 * std::numbers::pi / response, std::min(damping, 0.999)};
+    }
+
+    double dampedFrequency() const { return frequency * std::sqrt(1 - damping * damping); }
+    double position(double t) const
+    {
+        const double swing = dampedFrequency() * t;
+        return 1
+            - std::exp(-damping * frequency * t)
+            * (std::cos(swing) + damping * frequency / dampedFrequency() * std::sin(swing));
+    }
+    double velocity(double t) const
+    {
+        return std::exp(-damping * frequency * t) * frequency * frequency / dampedFrequency()
+            * std::sin(dampedFrequency() * t);
+    }
+    double settled() const { return std::log(1000 / std::sqrt(1 - damping * damping)) / (damping * frequency); }
+};
+
+} // namespace
+
+int Motion::milliseconds(double seconds)
+{
+    return Environment::current().animations ? int(std::lround(seconds * 1000)) : 0;
+}
+
+int Motion::springDuration(double response, double damping)
+{
+    return milliseconds(Spring::of(response, damping).settled());
+}
+
+QEasingCurve Motion::spring(double response, double damping)
+{
+    // Cubic pieces that share position and speed with the spring at their ends; a dozen follow it closer than a pixel.
+    constexpr int pieces = 12;
+    const Spring spring = Spring::of(response, damping);
+    const double end = spring.settled();
+    QEasingCurve curve(QEasingCurve::BezierSpline);
+    for (int i = 0; i < pieces; ++i) {
+        const double from = double(i) / pieces;
+        const double to = double(i + 1) / pieces;
+        const double third = (to - from) / 3;
+        const auto place = [&](double x) { return spring.position(x * end); };
+        const auto slope = [&](double x) { return spring.velocity(x * end) * end; };
+        const bool last = i + 1 == pieces;
+        const QPointF target(to, last ? 1 : place(to));
+        curve.addCubicBezierSegment({from + third, place(from) + slope(from) * third},
+            {to - third, target.y() - (last ? 0 : slope(to) * third)}, target);
+    }
+    return curve;
+}
+
+} // namespace quillmere

@@ -1,0 +1,160 @@
+#pragma once
+
+#include "platform/Fields.h"
+
+#include <QAbstractListModel>
+#include <QHash>
+#include <QList>
+#include <QSet>
+
+#include <array>
+#include <functional>
+#include <optional>
+
+namespace quillmere {
+
+// A list of records for a view, its roles named after the record's fields (the field "id" has the role "identifier",
+// since "id" means something else in QML). setRecords() compares by the field "id" and tells the view what went, came
+// and changed; where that would be many small pieces, or ids repeat or change places, it resets.
+template <typename Record> class RecordListModel : public QAbstractListModel {
+public:
+    using QAbstractListModel::QAbstractListModel;
+
+    const QList<Record> &records() const { return m_records; }
+
+    int rowCount(const QModelIndex &parent = {}) const override { return parent.isValid() ? 0 : int(m_records.size()); }
+
+    QVariant data(const QModelIndex &index, int role) const override
+    {
+        const int field = role - Qt::UserRole;
+        if (!checkIndex(index, CheckIndexOption::IndexIsValid) || field < 0 || field >= int(fieldCount<Record>)) {
+            return {};
+        }
+        return readers()[size_t(field)](m_records[index.row()]);
+    }
+
+    QHash<int, QByteArray> roleNames() const override
+    {
+        QHash<int, QByteArray> names;
+        int role = Qt::UserRole;
+        forEachField<Record>([&](const auto &field) {
+            const QByteArray name = field.name;
+            names.insert(role++, name == "id" ? QByteArray("identifier") : name);
+        });
+        return names;
+    }
+
+    void setRecords(QList<Record> next)
+    {
+        if (!tellDifference(next)) {
+            beginResetModel();
+            m_records = std::move(next);
+            endResetModel();
+        }
+    }
+
+private:
+    // More pieces than this, and a reset costs the view less.
+    static constexpr qsizetype mostPieces = 64;
+
+    using Key = std::decay_t<decltype(std::declval<Record>().id)>;
+    using Reader = std::function<QVariant(const Record &)>;
+
+    template <typename Value> static QVariant toVariant(const Value &value) { return QVariant::fromValue(value); }
+    template <typename Value> static QVariant toVariant(const std::optional<Value> &value)
+    {
+        return value ? QVariant::fromValue(*value) : QVariant();
+    }
+
+    static const std::array<Reader, fieldCount<Record>> &readers()
+    {
+        static const auto list = [] {
+            std::array<Reader, fieldCount<Record>> readers;
+            size_t next = 0;
+            forEachField<Record>([&](const auto &field) {
+                readers[next++] = [member = field.member](
+                                      const Record &record) { return toVariant(std::invoke(member, record)); };
+            });
+            return readers;
+        }();
+        return list;
+    }
+
+    // Applies `next` in steps that the view can follow; false if it took none.
+    bool tellDifference(QList<Record> &next)
+    {
+        QHash<Key, qsizetype> places;
+        places.reserve(next.size());
+        for (qsizetype i = 0; i < next.size(); ++i) {
+            places.insert(next[i].id, i);
+        }
+        if (places.size() != next.size() || m_records.isEmpty() || next.isEmpty()) {
+            return false;
+        }
+        // What stays must stay in order; what goes and what comes makes pieces.
+        QSet<Key> staying;
+        qsizetype pieces = 0;
+        qsizetype lastPlace = -1;
+        bool wentBefore = false;
+        for (const Record &record : std::as_const(m_records)) {
+            const auto place = places.constFind(record.id);
+            const bool goes = place == places.cend();
+            pieces += goes && !wentBefore;
+            wentBefore = goes;
+            if (goes) {
+                continue;
+            }
+            if (*place <= lastPlace) {
+                return false;
+            }
+            lastPlace = *place;
+            staying.insert(record.id);
+        }
+        bool cameBefore = false;
+        for (const Record &record : std::as_const(next)) {
+            const bool comes = !staying.contains(record.id);
+            pieces += comes && !cameBefore;
+            cameBefore = comes;
+        }
+        if (staying.isEmpty() || pieces > mostPieces) {
+            return false;
+        }
+
+        for (qsizetype end = m_records.size(); end > 0;) {
+            if (staying.contains(m_records[end - 1].id)) {
+                --end;
+                continue;
+            }
+            qsizetype first = end - 1;
+            while (first > 0 && !staying.contains(m_records[first - 1].id)) {
+                --first;
+            }
+            beginRemoveRows({}, int(first), int(end - 1));
+            m_records.remove(first, end - first);
+            endRemoveRows();
+            end = first;
+        }
+        for (qsizetype first = 0; first < next.size();) {
+            if (staying.contains(next[first].id)) {
+                m_records[first] = next[first];
+                ++first;
+                continue;
+            }
+            qsizetype end = first + 1;
+            while (end < next.size() && !staying.contains(next[end].id)) {
+                ++end;
+            }
+            beginInsertRows({}, int(first), int(end - 1));
+            m_records.insert(first, end - first, Record{});
+            std::copy(next.cbegin() + first, next.cbegin() + end, m_records.begin() + first);
+            endInsertRows();
+            first = end;
+        }
+        emit dataChanged(index(0), index(int(m_records.size()) - 1));
+        return true;
+    }
+
+    QList<Record> m_records;
+};
+
+} // namespace quillmere

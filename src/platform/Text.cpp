@@ -1,0 +1,161 @@
+#include "platform/Text.h"
+
+#include <QCoreApplication>
+#include <QLocale>
+#include <QRegularExpression>
+#include <QTextBoundaryFinder>
+
+#include <algorithm>
+#include <array>
+#include <clocale>
+#include <cmath>
+#include <cstdio>
+#include <cstdlib>
+#include <limits>
+
+using namespace Qt::StringLiterals;
+
+namespace quillmere::text {
+
+namespace {
+
+QString tr(const char *sourceText, int count = -1)
+{
+    return QCoreApplication::translate("Text", sourceText, nullptr, count);
+}
+
+// Small letters of the user's language: in Turkish "I" has no dot, and so on.
+QString folded(const QString &text)
+{
+    return QLocale().toLower(text).toCaseFolded();
+}
+
+bool partsWords(QChar character)
+{
+    return !character.isLetterOrNumber() && !character.isMark() && !character.isSurrogate() && character != u'\''
+        && character != u'\u2019';
+}
+
+} // namespace
+
+bool localizedCaseInsensitiveContains(const QString &text, const QString &part)
+{
+    return folded(text).contains(folded(part));
+}
+
+QString capitalized(const QString &text)
+{
+    QString result;
+    result.reserve(text.size());
+    qsizetype start = 0;
+    while (start < text.size()) {
+        qsizetype end = start;
+        while (end < text.size() && !partsWords(text[end])) {
+            ++end;
+        }
+        const qsizetype first = end > start && text[start].isHighSurrogate() ? 2 : std::min<qsizetype>(1, end - start);
+        result += QLocale().toUpper(text.mid(start, first));
+        result += QLocale().toLower(text.mid(start + first, end - start - first));
+        if (end < text.size()) {
+            result += text[end];
+        }
+        start = end + 1;
+    }
+    return result;
+}
+
+qsizetype characterCount(const QString &text)
+{
+    QTextBoundaryFinder finder(QTextBoundaryFinder::Grapheme, text);
+    qsizetype count = 0;
+    while (finder.toNextBoundary() >= 0) {
+        ++count;
+    }
+    return count;
+}
+
+QString byteCount(qint64 bytes)
+{
+    if (bytes == 0) {
+        return tr("Zero KB");
+    }
+    const double size = std::abs(double(bytes));
+    const QString sign = bytes < 0 ? u"-"_s : QString();
+    if (size < 1000) {
+        return size == 1 ? sign + tr("1 byte") : sign + tr("%1 bytes").arg(qint64(size));
+    }
+    struct Unit {
+        const char *text;
+        double bytes;
+        int decimals;
+    };
+    static constexpr std::array<Unit, 6> units{{
+        {QT_TRANSLATE_NOOP("Text", "%1 KB"), 1e3, 0},
+        {QT_TRANSLATE_NOOP("Text", "%1 MB"), 1e6, 1},
+        {QT_TRANSLATE_NOOP("Text", "%1 GB"), 1e9, 2},
+        {QT_TRANSLATE_NOOP("Text", "%1 TB"), 1e12, 2},
+        {QT_TRANSLATE_NOOP("Text", "%1 PB"), 1e15, 2},
+        {QT_TRANSLATE_NOOP("Text", "%1 EB"), 1e18, 2},
+    }};
+    for (size_t i = 0; i < units.size(); ++i) {
+        const double scale = std::pow(10.0, units[i].decimals);
+        const double figure = std::round(size / units[i].bytes * scale) / scale;
+        if (figure >= 1000 && i + 1 < units.size()) {
+            continue;
+        }
+        QString digits = QString::number(figure, 'f', units[i].decimals);
+        if (digits.contains(u'.')) {
+            while (digits.endsWith(u'0')) {
+                digits.chop(1);
+            }
+            if (digits.endsWith(u'.')) {
+                digits.chop(1);
+            }
+            digits.replace(u'.', QLocale().decimalPoint());
+        }
+        return sign + tr(units[i].text).arg(digits);
+    }
+    Q_UNREACHABLE();
+}
+
+QString fixed(double value, int decimals)
+{
+    // 309 digits before the point, the decimals, sign, point and the closing zero.
+    std::array<char, 512> buffer{};
+    const int length = std::snprintf(buffer.data(), buffer.size(), "%.*f", std::clamp(decimals, 0, 100), value);
+    QString text = QString::fromLatin1(buffer.data(), length);
+    // snprintf follows the process's locale, and QCoreApplication sets that from the user's.
+    text.replace(QString::fromUtf8(std::localeconv()->decimal_point), u"."_s);
+    return text;
+}
+
+QString date(const QDateTime &when)
+{
+    const QLocale locale =
+        QLocale().language() == QLocale::C ? QLocale(QLocale::English, QLocale::UnitedStates) : QLocale();
+    QString pattern = locale.dateFormat(QLocale::LongFormat);
+    static const QRegularExpression weekday(u"[,،]?\\s*dddd?[,،.]?\\s*"_s);
+    pattern.remove(weekday);
+    return locale.toString(when.toLocalTime().date(), pattern);
+}
+
+QString relative(const QDateTime &when, const QDateTime &now)
+{
+    const qint64 seconds = std::abs(when.secsTo(now));
+    constexpr qint64 minute = 60;
+    constexpr qint64 hour = 60 * minute;
+    constexpr qint64 day = 24 * hour;
+    if (seconds < minute) {
+        return tr("%1 sec").arg(seconds);
+    }
+    if (seconds < hour) {
+        return tr("%1 min").arg(seconds / minute);
+    }
+    if (seconds < day) {
+        return tr("%1 hr").arg(seconds / hour);
+    }
+    const qint64 days = seconds / day;
+    return days == 1 ? tr("1 day") : tr("%1 days").arg(days);
+}
+
+} // namespace quillmere::text

@@ -1,0 +1,34 @@
+#pragma once
+
+#include <QDateTime>
+#include <QString>
+
+// Words, sizes, dates and figures as the screens show them.
+namespace quillmere::text {
+
+// Whether `text` holds `part`, whatever the case of either, by the rules of the user's locale; diacritics count. An
+// empty part is held by every text.
+bool localizedCaseInsensitiveContains(const QString &text, const QString &part);
+
+// Each word with a capital and the rest in small letters. Whatever is neither letter, digit, mark nor apostrophe parts
+// words: "fine-tune" gives "Fine-Tune", "in_progress" gives "In_Progress".
+QString capitalized(const QString &text);
+
+// How many characters a reader sees: grapheme clusters (UAX #29), not code units.
+qsizetype characterCount(const QString &text);
+
+// A byte count in decimal units as file managers show it: "Zero KB", "1 byte", "999 bytes", "1 KB", "15.4 MB", "1.25
+// GB".
+QString byteCount(qint64 bytes);
+
+// printf's "%.<decimals>f" in the C locale, which rounds a half to the even neighbour where Qt's formatting rounds it
+// up.
+QString fixed(double value, int decimals);
+
+// A day without its time in the user's locale: "November 20, 2026".
+QString date(const QDateTime &when);
+
+// The distance between two moments in its largest whole unit: "5 sec", "12 min", "1 hr", "2 days".
+QString relative(const QDateTime &when, const QDateTime &now);
+
+} // namespace quillmere::text
