@@ -74,7 +74,7 @@ QByteArray oneKey(const QString &key, const QString &value)
 
 QByteArray StandIn::Request::path() const
 {
-    return target.left(target.indexOf('?'));
+    return target.split('?').first();
 }
 
 QByteArray StandIn::Request::query(const QByteArray &name) const
@@ -220,7 +220,7 @@ QByteArray BodyReader::take(QByteArray &buffer)
             if (!line)
                 return content;
             bool isNumber = false;
-            m_left = line->left(line->indexOf(';')).trimmed().toLongLong(&isNumber, 16);
+            m_left = line->split(';').first().trimmed().toLongLong(&isNumber, 16);
             if (!isNumber || m_left < 0)
                 m_state = State::Broken;
             else

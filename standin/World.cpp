@@ -199,7 +199,7 @@ bool World::changeJob(const QString &id, const std::function<void(QJsonObject &)
         jobs.replace(index, job);
         found = true;
     };
-    changeIn(m_firstJobs);
+    changeIn(firstJobs());
     for (JsonList &jobs : m_jobs)
         changeIn(jobs);
     return found;
@@ -229,7 +229,7 @@ void World::endJob(QJsonObject &job, const QString &status) const
 
 void World::step()
 {
-    stepJobs(m_firstJobs);
+    stepJobs(firstJobs());
     for (JsonList &jobs : m_jobs)
         stepJobs(jobs);
 }
@@ -239,10 +239,24 @@ QString World::now() const
     return wireDate(m_now());
 }
 
+JsonList &World::firstJobs()
+{
+    if (!m_firstJobs)
+        m_firstJobs.emplace(withDates(resource(u"jobs.json"_s), m_now()));
+    return *m_firstJobs;
+}
+
+JsonList &World::firstFiles()
+{
+    if (!m_firstFiles)
+        m_firstFiles.emplace(withDates(resource(u"files.json"_s), m_now()));
+    return *m_firstFiles;
+}
+
 JsonList &World::jobsOf(const QString &account)
 {
     if (!m_jobs.contains(account))
-        m_jobs.insert(account, m_firstJobs);
+        m_jobs.insert(account, firstJobs());
     return m_jobs[account];
 }
 
@@ -250,7 +264,7 @@ JsonList &World::filesOf(const QString &account, const QByteArray &workspace)
 {
     const QString key = account + u'/' + QString::fromUtf8(workspace);
     if (!m_files.contains(key))
-        m_files.insert(key, workspace == "default" ? m_firstFiles : JsonList());
+        m_files.insert(key, workspace == "default" ? firstFiles() : JsonList());
     return m_files[key];
 }
 

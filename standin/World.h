@@ -8,6 +8,7 @@
 #include <QJsonObject>
 
 #include <functional>
+#include <optional>
 
 namespace standin {
 
@@ -60,14 +61,17 @@ public:
 
 private:
     QString now() const;
+    /// What an account starts with. The built-in lists are made at first use, with dates relative to that moment.
+    JsonList &firstJobs();
+    JsonList &firstFiles();
     JsonList &jobsOf(const QString &account);
     JsonList &filesOf(const QString &account, const QByteArray &workspace);
     void stepJobs(JsonList &jobs) const;
 
     Clock m_now;
     JsonList m_models;
-    JsonList m_firstJobs;
-    JsonList m_firstFiles;
+    std::optional<JsonList> m_firstJobs;
+    std::optional<JsonList> m_firstFiles;
     QByteArray m_user;
     QHash<QString, JsonList> m_jobs;  ///< by account
     QHash<QString, JsonList> m_files; ///< by account and workspace
