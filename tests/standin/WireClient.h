@@ -2,6 +2,7 @@
 
 #include "standin/StandIn.h"
 
+#include <QSignalSpy>
 #include <QTcpSocket>
 #include <QTest>
 
@@ -28,15 +29,34 @@ public:
     const QByteArray &received() const { return m_received; }
     bool receives(const QByteArray &text)
     {
-        return QTest::qWaitFor([&] { return m_received.contains(text); });
+        return waitFor(&QTcpSocket::readyRead, [&] { return m_received.contains(text); });
+    }
+    bool receives(const QByteArray &text, int times)
+    {
+        return waitFor(&QTcpSocket::readyRead, [&] { return m_received.count(text) >= times; });
+    }
+    bool receivesMoreThan(qsizetype bytes)
+    {
+        return waitFor(&QTcpSocket::readyRead, [&] { return m_received.size() > bytes; });
     }
     bool seesTheEnd()
     {
-        return QTest::qWaitFor([&] { return m_socket.state() == QAbstractSocket::UnconnectedState; });
+        return waitFor(&QTcpSocket::stateChanged, [&] { return m_socket.state() == QTcpSocket::UnconnectedState; });
     }
     bool isOpen() const { return m_socket.state() == QAbstractSocket::ConnectedState; }
 
 private:
+    /// Looks again whenever the signal comes; false when it stays away for five seconds.
+    template <typename Signal, typename Condition> bool waitFor(Signal signal, Condition condition)
+    {
+        QSignalSpy spy(&m_socket, signal);
+        while (!condition()) {
+            if (!spy.wait())
+                return condition();
+        }
+        return true;
+    }
+
     QTcpSocket m_socket;
     QByteArray m_received;
     bool m_reads = true;

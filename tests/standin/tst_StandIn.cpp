@@ -4,6 +4,7 @@
 #include "standin/Totp.h"
 
 #include <QCryptographicHash>
+#include <QDeadlineTimer>
 #include <QImage>
 #include <QJsonArray>
 #include <QJsonDocument>
@@ -64,6 +65,25 @@ private:
     {
         return post("/api/auth/user/totp-login-v2",
             "{\"email\":\"" + email + "\",\"code\":\"" + code.toLatin1() + "\",\"is_desktop\":true}");
+    }
+    bool losesItsClients()
+    {
+        QSignalSpy closed(m_service.get(), &StandIn::connectionClosed);
+        while (m_service->openConnections() > 0) {
+            if (!closed.wait())
+                return false;
+        }
+        return true;
+    }
+    /// Asks the service over and over, which lets its timers run.
+    template <typename Condition> bool eventually(Condition condition)
+    {
+        const QDeadlineTimer watchdog(10s);
+        while (!condition()) {
+            if (watchdog.hasExpired())
+                return false;
+        }
+        return true;
     }
     QByteArray ticketTarget(const WireReply &reply)
     {
@@ -574,11 +594,11 @@ private slots:
         WireClient client(*m_service);
         const QByteArray request = requestBytes("GET", "/api/downloads/version");
         client.send(request + request + request);
-        QVERIFY(QTest::qWaitFor([&] { return client.received().count("HTTP/1.1 200 OK") == 3; }));
+        QVERIFY(client.receives("HTTP/1.1 200 OK", 3));
         QVERIFY(client.isOpen());
         QCOMPARE(m_service->openConnections(), 1);
         client.send(request);
-        QVERIFY(QTest::qWaitFor([&] { return client.received().count("HTTP/1.1 200 OK") == 4; }));
+        QVERIFY(client.receives("HTTP/1.1 200 OK", 4));
     }
 
     void readsChunkedBodies()
@@ -792,13 +812,13 @@ private slots:
         m_service->on("GET /v1/models").sendsEndlessBody();
         WireClient client(*m_service);
         client.send(requestBytes("GET", "/v1/models"));
-        QVERIFY(QTest::qWaitFor([&] { return client.received().size() > 4'000'000; }));
+        QVERIFY(client.receivesMoreThan(4'000'000));
         QVERIFY(client.received().contains("\r\n\r\n10000\r\n        "));
         client.stopsReading();
         // Whoever is served meanwhile shows that the service is not busy filling its memory.
         QCOMPARE(get("/api/downloads/version").status, 200);
         client.closes();
-        QVERIFY(QTest::qWaitFor([&] { return m_service->openConnections() == 0; }));
+        QVERIFY(losesItsClients());
     }
 
     void stopsReadingAnUpload()
@@ -813,7 +833,7 @@ private slots:
         QCOMPARE(client.received(), "");
         QVERIFY(client.isOpen());
         client.closes();
-        QVERIFY(QTest::qWaitFor([&] { return m_service->openConnections() == 0; }));
+        QVERIFY(losesItsClients());
         QVERIFY(!m_service->requests("POST", "/v1/files").constFirst().complete);
     }
 
@@ -956,7 +976,7 @@ private slots:
         post("/standin/faults", R"({"route":"GET /v1/models","kind":"sends_endless_body"})");
         WireClient client(*m_service);
         client.send(requestBytes("GET", "/v1/models"));
-        QVERIFY(QTest::qWaitFor([&] { return client.received().size() > 1'000'000; }));
+        QVERIFY(client.receivesMoreThan(1'000'000));
     }
 
     void takesOrdersToStopReading()
@@ -1029,7 +1049,7 @@ private slots:
     {
         const QByteArray before = get("/v1/fine-tuning/jobs").body;
         m_service->runsByItself(1ms);
-        QVERIFY(QTest::qWaitFor([&] { return get("/v1/fine-tuning/jobs").body != before; }));
+        QVERIFY(eventually([&] { return get("/v1/fine-tuning/jobs").body != before; }));
         m_service->runsByItself(0ms);
         const QByteArray stopped = get("/v1/fine-tuning/jobs").body;
         for (int i = 0; i < 5; ++i)
@@ -1043,8 +1063,8 @@ private slots:
         const auto status = [&](const QString &id) {
             return jobIn(get("/v1/fine-tuning/jobs"), id)[u"status"].toString();
         };
-        QVERIFY(QTest::qWaitFor([&] { return status(u"ft-40220"_s) == u"running"; }));
-        QVERIFY(QTest::qWaitFor([&] { return status(u"ft-40220"_s) == u"completed"; }));
+        QVERIFY(eventually([&] { return status(u"ft-40220"_s) == u"running"; }));
+        QVERIFY(eventually([&] { return status(u"ft-40220"_s) == u"completed"; }));
         const QJsonObject job = jobIn(get("/v1/fine-tuning/jobs"), u"ft-40217"_s);
         QCOMPARE(job[u"status"].toString(), u"completed"_s);
         QCOMPARE(job[u"progress"].toInt(), 100);
