@@ -4,6 +4,9 @@
 #include "platform/LibsecretStore.h"
 #include "platform/SystemClock.h"
 #include "platform/SystemRandom.h"
+#include "platform/UrlSchemeHandler.h"
+
+#include <QCoreApplication>
 
 namespace quillmere {
 
@@ -22,8 +25,9 @@ Environment::Environment()
 Environment::~Environment()
 {
     while (!m_shared.empty()) {
-        // Out of the list only afterwards: an object that ends may still use those that were made before it.
-        m_shared.back().second.reset();
+        // Out of the list only afterwards: what an object ends on its way out may still ask for it.
+        const Shared last = m_shared.back();
+        last.destroy(last.object);
         m_shared.pop_back();
     }
     currentEnvironment = nullptr;
@@ -43,6 +47,10 @@ std::unique_ptr<Environment> Environment::real()
     environment->secrets = std::make_unique<LibsecretStore>();
     environment->urlOpener = std::make_unique<DesktopUrlOpener>();
     environment->makeRandomSource = [] { return std::make_unique<SystemRandom>(); };
+    environment->authenticateInBrowser = [](QUrl url, QString callbackScheme) {
+        installUrlSchemeHandler(callbackScheme, QCoreApplication::applicationFilePath());
+        return BrowserSession::shared().authenticate(std::move(url), std::move(callbackScheme));
+    };
     return environment;
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "configuration/Hosts.h"
+#include "platform/BrowserSession.h"
 #include "platform/Clock.h"
 #include "platform/RandomSource.h"
 #include "platform/SecretStore.h"
@@ -9,7 +10,6 @@
 #include <functional>
 #include <memory>
 #include <typeindex>
-#include <utility>
 #include <vector>
 
 namespace quillmere {
@@ -24,6 +24,7 @@ public:
     std::unique_ptr<SecretStore> secrets;
     std::unique_ptr<UrlOpener> urlOpener;
     std::function<std::unique_ptr<RandomSource>()> makeRandomSource;
+    std::function<QCoro::Task<BrowserOutcome>(QUrl url, QString callbackScheme)> authenticateInBrowser;
     bool animations = true; // false: what moves arrives at once, so that pictures and tests see it settled
 
     // The parts of the running program: machine clock, Secret Service, the desktop's programs.
@@ -38,18 +39,23 @@ public:
 
     template <typename T> T &shared()
     {
-        for (const auto &[type, object] : m_shared) {
-            if (type == typeid(T)) {
-                return *static_cast<T *>(object.get());
+        for (const Shared &one : m_shared) {
+            if (one.type == typeid(T)) {
+                return *static_cast<T *>(one.object);
             }
         }
-        auto made = std::make_shared<T>();
-        m_shared.emplace_back(typeid(T), made);
+        auto *made = new T;
+        m_shared.push_back({typeid(T), made, [](void *object) { delete static_cast<T *>(object); }});
         return *made;
     }
 
 private:
-    std::vector<std::pair<std::type_index, std::shared_ptr<void>>> m_shared;
+    struct Shared {
+        std::type_index type;
+        void *object;
+        void (*destroy)(void *);
+    };
+    std::vector<Shared> m_shared;
 };
 
 } // namespace quillmere

@@ -1,0 +1,272 @@
+#include "platform/Http.h"
+
+#include "platform/Environment.h"
+#include "platform/Urls.h"
+
+#include <QCoroSignal>
+
+#include <QCoreApplication>
+#include <QIODevice>
+#include <QNetworkReply>
+#include <QPointer>
+
+#include <algorithm>
+#include <cstring>
+#include <memory>
+#include <optional>
+
+using namespace Qt::StringLiterals;
+
+namespace quillmere {
+
+namespace {
+
+constexpr int mostRedirections = 10;
+
+QString tr(const char *text)
+{
+    return QCoreApplication::translate("Http", text);
+}
+
+Failure transportFailure(const QString &text)
+{
+    return {Failure::Kind::Transport, text};
+}
+
+// A body that can be read once. Qt sends a request again, up to four times, when its connection closes early and its body can
+// be rewound; this one cannot, so that one click stays one request.
+class OneWayBody : public QIODevice {
+public:
+    explicit OneWayBody(QList<QByteArray> pieces) :
+        m_pieces(std::move(pieces))
+    {
+        for (const QByteArray &piece : std::as_const(m_pieces)) {
+            m_left += piece.size();
+        }
+        open(QIODevice::ReadOnly | QIODevice::Unbuffered);
+    }
+
+    bool isSequential() const override { return true; }
+    bool atEnd() const override { return m_left == 0; }
+    qint64 bytesAvailable() const override { return m_left; }
+
+protected:
+    qint64 readData(char *data, qint64 maxSize) override
+    {
+        qint64 copied = 0;
+        while (copied < maxSize && !m_pieces.isEmpty()) {
+            const QByteArray &piece = m_pieces.first();
+            const qint64 size = std::min(maxSize - copied, qint64(piece.size()) - m_offset);
+            std::memcpy(data + copied, piece.constData() + m_offset, size_t(size));
+            copied += size;
+            m_offset += size;
+            if (m_offset == piece.size()) {
+                m_pieces.removeFirst();
+                m_offset = 0;
+            }
+        }
+        m_left -= copied;
+        return copied > 0 || maxSize == 0 ? copied : -1;
+    }
+    qint64 writeData(const char *, qint64) override { return -1; }
+
+private:
+    QList<QByteArray> m_pieces;
+    qint64 m_offset = 0; // in the first piece
+    qint64 m_left = 0;
+};
+
+bool isNetworkLayerError(QNetworkReply::NetworkError error)
+{
+    return error > QNetworkReply::NoError && error <= QNetworkReply::UnknownProxyError;
+}
+
+} // namespace
+
+// One request and its reply, on the wire once.
+class HttpSession::Exchange : public QObject {
+    Q_OBJECT
+
+public:
+    Exchange(HttpSession &session, const HttpRequest &request) :
+        m_session(session), m_body(new OneWayBody(request.body))
+    {
+        qint64 length = 0;
+        for (const QByteArray &piece : request.body) {
+            length += piece.size();
+        }
+        QNetworkRequest wire(request.url);
+        for (const auto &[name, value] : request.headers) {
+            wire.setRawHeader(name, value);
+        }
+        wire.setHeader(QNetworkRequest::ContentLengthHeader, length);
+        wire.setAttribute(QNetworkRequest::DoNotBufferUploadDataAttribute, true);
+        wire.setAttribute(QNetworkRequest::RedirectPolicyAttribute, QNetworkRequest::ManualRedirectPolicy);
+        wire.setAttribute(QNetworkRequest::CookieLoadControlAttribute, QNetworkRequest::Manual);
+        wire.setAttribute(QNetworkRequest::CookieSaveControlAttribute, QNetworkRequest::Manual);
+        wire.setAttribute(QNetworkRequest::AuthenticationReuseAttribute, QNetworkRequest::Manual);
+        wire.setAttribute(QNetworkRequest::Http2AllowedAttribute, false);
+
+        m_reply = session.m_manager.sendCustomRequest(wire, request.method, m_body.get());
+        m_reply->setReadBufferSize(1 << 20);
+        m_session.m_underWay.insert(this);
+
+        connect(m_reply, &QNetworkReply::metaDataChanged, this, &Exchange::takeBytes);
+        connect(m_reply, &QNetworkReply::readyRead, this, &Exchange::takeBytes);
+        connect(m_reply, &QNetworkReply::uploadProgress, this, [this] { m_lastByte = clock().uptime(); });
+        connect(m_reply, &QNetworkReply::finished, this, &Exchange::end);
+
+        m_lastByte = clock().uptime();
+        watchSilence();
+    }
+
+    ~Exchange() override
+    {
+        m_session.m_underWay.erase(this);
+        clock().cancel(m_silence);
+        clock().cancel(m_deadline);
+        m_reply->disconnect(this);
+        if (m_reply->isRunning()) {
+            m_reply->abort();
+        }
+        // The library may still touch its reply, and the reply the body, until the event loop comes round again.
+        connect(m_reply, &QObject::destroyed, m_body.get(), &QObject::deleteLater);
+        m_body.release();
+        m_reply->deleteLater();
+    }
+
+    void cancel(const QString &why)
+    {
+        if (!m_failure) {
+            m_failure = why;
+        }
+        m_reply->abort();
+    }
+
+    bool hasEnded() const { return m_ended; }
+    QByteArray location() const { return m_reply->rawHeader("Location"); }
+
+    Result<HttpResponse> outcome()
+    {
+        if (m_failure) {
+            return transportFailure(*m_failure);
+        }
+        const QNetworkReply::NetworkError error = m_reply->error();
+        const int status = m_reply->attribute(QNetworkRequest::HttpStatusCodeAttribute).toInt();
+        // For a status from 400 up the library reports an error that only repeats the status.
+        if (isNetworkLayerError(error) || (error != QNetworkReply::NoError && status < 400)) {
+            return transportFailure(m_reply->errorString());
+        }
+        // A chunk length that cannot be read leaves no other trace in this library than a body that is not there.
+        const bool chunked = m_reply->rawHeader("Transfer-Encoding").toLower().contains("chunked");
+        if (chunked && m_received.isEmpty() && status >= 200 && status < 300) {
+            return transportFailure(tr("The reply's body could not be read."));
+        }
+        return HttpResponse {status, std::move(m_received)};
+    }
+
+signals:
+    void ended();
+
+private:
+    static Clock &clock() { return *Environment::current().clock; }
+
+    void watchSilence()
+    {
+        m_silence = clock().schedule(m_lastByte + silenceLimit - clock().uptime(), [this] {
+            if (clock().uptime() - m_lastByte >= silenceLimit) {
+                cancel(tr("The request timed out."));
+            } else {
+                watchSilence();
+            }
+        });
+    }
+
+    void takeBytes()
+    {
+        m_lastByte = clock().uptime();
+        if (m_deadline == 0) {
+            m_deadline = clock().schedule(replyLimit, [this] { cancel(tr("The reply took too long.")); });
+        }
+        m_received += m_reply->readAll();
+        if (m_received.size() > sizeLimit) {
+            m_received.clear();
+            cancel(tr("The reply is too large."));
+        }
+    }
+
+    void end()
+    {
+        if (!m_ended) {
+            m_received += m_reply->readAll();
+            m_ended = true;
+            emit ended();
+        }
+    }
+
+    HttpSession &m_session;
+    std::unique_ptr<OneWayBody> m_body;
+    QPointer<QNetworkReply> m_reply;
+    QByteArray m_received;
+    std::optional<QString> m_failure;
+    std::chrono::milliseconds m_lastByte {0};
+    Clock::Timer m_silence = 0;
+    Clock::Timer m_deadline = 0;
+    bool m_ended = false;
+};
+
+HttpSession &HttpSession::shared()
+{
+    return Environment::current().shared<HttpSession>();
+}
+
+HttpSession::HttpSession()
+{
+    m_manager.setAutoDeleteReplies(false);
+}
+
+HttpSession::~HttpSession()
+{
+    m_ending = true;
+    while (!m_underWay.empty()) {
+        Exchange *exchange = *m_underWay.begin();
+        m_underWay.erase(exchange);
+        exchange->cancel(tr("The program is ending."));
+    }
+}
+
+QCoro::Task<Result<HttpResponse>> HttpSession::send(HttpRequest request)
+{
+    for (int redirections = 0;; ++redirections) {
+        if (m_ending) {
+            co_return transportFailure(tr("The program is ending."));
+        }
+        Exchange exchange(*this, request);
+        if (!exchange.hasEnded()) {
+            co_await qCoro(&exchange, &Exchange::ended);
+        }
+        auto outcome = exchange.outcome();
+        if (!outcome || request.method != "GET" || redirections == mostRedirections) {
+            co_return outcome;
+        }
+        const int status = outcome->status;
+        const bool redirected = status == 301 || status == 302 || status == 303 || status == 307 || status == 308;
+        const QByteArray location = exchange.location();
+        if (!redirected || location.isEmpty()) {
+            co_return outcome;
+        }
+        const auto target = parseWebUrl(request.url.resolved(QUrl(QString::fromUtf8(location))).toString(QUrl::FullyEncoded));
+        if (!target || (request.url.scheme() == u"https"_s && target->scheme() == u"http"_s)) {
+            co_return outcome;
+        }
+        if (!isSameOrigin(request.url, *target)) {
+            request.headers.removeIf(
+                [](const auto &header) { return header.first.compare("Authorization", Qt::CaseInsensitive) == 0; });
+        }
+        request.url = *target;
+    }
+}
+
+} // namespace quillmere
+
+#include "Http.moc"

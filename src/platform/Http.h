@@ -1,0 +1,64 @@
+#pragma once
+
+#include "platform/Result.h"
+
+#include <QCoroTask>
+
+#include <QByteArray>
+#include <QList>
+#include <QNetworkAccessManager>
+#include <QUrl>
+
+#include <chrono>
+#include <set>
+#include <utility>
+
+namespace quillmere {
+
+// One request as it goes out. Header values go out letter for letter. The body is the pieces one after the other; they are
+// shared, not copied, so that a large file in the middle costs its own size once.
+struct HttpRequest {
+    QByteArray method;
+    QUrl url;
+    QList<std::pair<QByteArray, QByteArray>> headers;
+    QList<QByteArray> body;
+};
+
+// What came back, whatever the status says. Status 0: it was no HTTP response.
+struct HttpResponse {
+    int status = 0;
+    QByteArray body;
+};
+
+// The program's one way to the network: HTTP/1.1, no cache, no cookies, nothing sent twice.
+//
+// A request fails as Transport when no whole reply came: connection or TLS failed, it was cut, its body could not be decoded,
+// 60 s went by without a byte in either direction, the reply took ten minutes from its first byte, or it is larger than 64 MB.
+// Otherwise the status decides, and that is the caller's business.
+//
+// A GET is redirected at most ten times, never from https to http, and `Authorization` stays behind for good when the origin
+// changes (RFC 9110, section 15.4). A redirection that is not followed, any of a POST among them, is the response.
+class HttpSession {
+public:
+    static constexpr std::chrono::seconds silenceLimit {60};
+    static constexpr std::chrono::minutes replyLimit {10};
+    static constexpr qsizetype sizeLimit = 64 * 1000 * 1000;
+
+    static HttpSession &shared();
+
+    HttpSession();
+    // Requests under way fail.
+    ~HttpSession();
+    Q_DISABLE_COPY_MOVE(HttpSession)
+
+    QCoro::Task<Result<HttpResponse>> send(HttpRequest request);
+
+private:
+    class Exchange;
+
+    QNetworkAccessManager m_manager;
+    std::set<Exchange *> m_underWay;
+    bool m_ending = false;
+};
+
+} // namespace quillmere

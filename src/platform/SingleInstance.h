@@ -1,0 +1,40 @@
+#pragma once
+
+#include <QLocalServer>
+#include <QLockFile>
+#include <QObject>
+
+#include <memory>
+
+namespace quillmere {
+
+// Keeps the program to one process per user session. The first process holds a lock file in the user's runtime directory
+// (XDG Base Directory Specification) and listens at a local socket that only this user can reach; a later one hands its message
+// over and ends. A process that was killed leaves nothing that stops the next.
+class SingleInstance : public QObject {
+    Q_OBJECT
+
+public:
+    // `name` tells programs apart.
+    explicit SingleInstance(const QString &name);
+
+    // True: this process is the first and now listens. False: the first one has the message. While the first is just starting
+    // or ending this waits, ten seconds at most; then it gives up with false and prints why to standard error.
+    bool claim(const QString &message);
+
+signals:
+    // Another process was started with this message, which may be anything that user typed.
+    void received(const QString &message);
+
+private:
+    enum class HandOver { Done, Unreachable };
+    HandOver handOver(const QByteArray &message) const;
+    void listen();
+    void take();
+
+    QString m_socketPath;
+    QLockFile m_lock;
+    QLocalServer m_server;
+};
+
+} // namespace quillmere

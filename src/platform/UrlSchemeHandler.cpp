@@ -1,0 +1,73 @@
+#include "platform/UrlSchemeHandler.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QProcess>
+#include <QSaveFile>
+#include <QStandardPaths>
+
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+
+namespace quillmere {
+
+namespace {
+
+bool isPackaged(const QString &entryName, const QString &ownFolder)
+{
+    const QStringList folders = QStandardPaths::standardLocations(QStandardPaths::ApplicationsLocation);
+    return std::any_of(folders.cbegin(), folders.cend(),
+        [&](const QString &folder) { return folder != ownFolder && QFile::exists(folder + u'/' + entryName); });
+}
+
+bool linkTo(const QString &program, const QString &link)
+{
+    if (QFile::symLinkTarget(link) == program) {
+        return true;
+    }
+    QDir().mkpath(QFileInfo(link).path());
+    QFile::remove(link);
+    return QFile::link(program, link);
+}
+
+bool writeIfDifferent(const QString &path, const QByteArray &content)
+{
+    QFile present(path);
+    if (present.open(QIODevice::ReadOnly) && present.readAll() == content) {
+        return false;
+    }
+    QDir().mkpath(QFileInfo(path).path());
+    QSaveFile file(path);
+    return file.open(QIODevice::WriteOnly) && file.write(content) == content.size() && file.commit();
+}
+
+} // namespace
+
+bool installUrlSchemeHandler(const QString &scheme, const QString &program)
+{
+    const QString folder = QStandardPaths::writableLocation(QStandardPaths::ApplicationsLocation);
+    const QString entryName = scheme + u".desktop"_s;
+    if (isPackaged(entryName, folder)) {
+        return true;
+    }
+    const QString link = QDir::homePath() + u"/.local/bin/"_s + scheme;
+    const QString entry = u"[Desktop Entry]\n"
+                          "Type=Application\n"
+                          "Name=Quillmere Studio\n"
+                          "Exec=%1 %u\n"
+                          "NoDisplay=true\n"
+                          "MimeType=x-scheme-handler/%2;\n"_s.arg(link, scheme);
+    const QString path = folder + u'/' + entryName;
+    if (!linkTo(program, link)) {
+        return false;
+    }
+    if (writeIfDifferent(path, entry.toUtf8())) {
+        // Desktops that look handlers up in a cache need it made anew; where the tool is missing, nobody reads one.
+        QProcess::startDetached(u"update-desktop-database"_s, {u"-q"_s, folder});
+    }
+    return QFile::exists(path);
+}
+
+} // namespace quillmere
