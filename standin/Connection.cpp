@@ -82,7 +82,6 @@ void Connection::readBody()
         const QByteArray content = m_body->take(m_buffer);
         request.bodySize += content.size();
         request.body += content.left(std::max<qint64>(0, m_exchange->keptBody - request.body.size()));
-        m_exchange->hash.addData(content);
         if (m_exchange->form)
             m_exchange->form->feed(content);
         if (m_buffer.size() == before)
@@ -99,7 +98,6 @@ void Connection::readBody()
     } else if (request.bodySize > m_exchange->largestBody) {
         refuse(413, u"body too large"_s);
     } else if (m_body->atEnd()) {
-        request.bodySha256 = m_exchange->hash.result();
         const std::unique_ptr<Exchange> exchange = std::move(m_exchange);
         deliver(m_service.answer(*exchange));
     }

@@ -4,7 +4,6 @@
 #include "standin/Http.h"
 #include "standin/Multipart.h"
 
-#include <QCryptographicHash>
 #include <QObject>
 
 #include <memory>
@@ -17,7 +16,6 @@ namespace standin {
 /// A request on its way in, with what the service decided when it saw the head.
 struct Exchange {
     Request request;
-    QCryptographicHash hash{QCryptographicHash::Sha256};
     std::optional<MultipartReader> form; ///< reads the body if set
     std::optional<Fault> fault;
     qint64 largestBody = 0; ///< bytes; a larger one is answered with 413

@@ -23,7 +23,7 @@ namespace {
 
 constexpr qint64 LargestBody = 1024 * 1024;
 constexpr qint64 LargestUpload = 2048LL * 1024 * 1024 + 64 * 1024; // 2 GiB and the frame around them
-constexpr qint64 KeptBody = 64 * 1024;
+constexpr qint64 KeptOfUpload = 64 * 1024;
 
 bool isUpload(const StandIn::Request &request)
 {
@@ -76,7 +76,7 @@ struct StandIn::Private : standin::Service {
         const Request &request = exchange.request;
         exchange.fault = faults.take(request);
         exchange.largestBody = isUpload(request) ? LargestUpload : LargestBody;
-        exchange.keptBody = keepsWholeBodies ? exchange.largestBody : std::min(KeptBody, exchange.largestBody);
+        exchange.keptBody = isUpload(request) && !keepsWholeBodies ? KeptOfUpload : exchange.largestBody;
         if (isUpload(request))
             exchange.form.emplace(request.header("Content-Type"));
         emit q->requestBegins(request.method, request.target);
@@ -97,7 +97,6 @@ struct StandIn::Private : standin::Service {
     void brokeOff(Exchange &exchange) override
     {
         exchange.request.complete = false;
-        exchange.request.bodySha256 = exchange.hash.result();
         record(exchange.request);
     }
 

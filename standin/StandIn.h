@@ -38,10 +38,9 @@ public:
         QByteArray method;
         QByteArray target; ///< path and query, undecoded
         Headers headers;
-        QByteArray body;       ///< the first 64 KiB only of an upload, unless `keepsWholeBodies()`
-        qint64 bodySize = 0;   ///< bytes of the whole body
-        QByteArray bodySha256; ///< of the whole body, raw 32 bytes
-        bool complete = true;  ///< false when the connection ended before the body did
+        QByteArray body;      ///< the first 64 KiB only of an upload, unless `keepsWholeBodies()`
+        qint64 bodySize = 0;  ///< bytes of the whole body
+        bool complete = true; ///< false when the connection ended before the body did
 
         QByteArray path() const;                         ///< the target without its query
         QByteArray query(const QByteArray &name) const;  ///< first value of that name, undecoded; null when absent

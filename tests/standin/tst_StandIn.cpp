@@ -489,7 +489,6 @@ private slots:
         QCOMPARE(kept.head, content.left(64 * 1024));
         const StandIn::Request request = m_service->requests().constLast();
         QCOMPARE(request.bodySize, body.size());
-        QCOMPARE(request.bodySha256, QCryptographicHash::hash(body, QCryptographicHash::Sha256));
         QCOMPARE(request.body, body.left(64 * 1024));
     }
 
