@@ -1,59 +1,14 @@
 #pragma once
 
-#include "platform/Environment.h"
-#include "standin/StandIn.h"
-#include "support/FakeClock.h"
-#include "support/MemorySecretStore.h"
-
-#include <QList>
-#include <QString>
-#include <QTest>
-#include <QUrl>
+#include "support/PlatformEnvironment.h"
 
 namespace quillmere::testing {
 
-// Records what would have been opened, and opens nothing.
-class RecordingUrlOpener : public UrlOpener {
+// The world of one test, in which somebody may be signed in.
+class TestEnvironment : public PlatformEnvironment {
 public:
-    bool open(const QUrl &url) override
-    {
-        opened.append(url);
-        return opens;
-    }
-
-    QList<QUrl> opened;
-    bool opens = true;
-};
-
-// The world of one test: a stand-in service on a free port that the program's hosts point at, a clock that stands still, an
-// empty secret store, no animations. Requests that the stand-in does not know fail the test at its end.
-class TestEnvironment {
-public:
-    TestEnvironment();
-    ~TestEnvironment();
-
-    StandIn service;
-    Environment environment;
-
-    FakeClock &clock;
-    MemorySecretStore &secrets;
-    RecordingUrlOpener &urlOpener;
-
-    // Set by a test that asks for what the service does not have.
-    bool expectsUnknownRequests = false;
-
     // A token that the service takes, stored as after a sign-in.
     QString isSignedIn(const QString &email = QStringLiteral("ada@example.org"));
 };
-
-// Runs the event loop until the condition holds; false when five seconds were not enough.
-template <typename Condition>
-bool eventually(Condition condition)
-{
-    return QTest::qWaitFor(condition, 5000);
-}
-
-// Runs the event loop until all that was posted has run, however much it posts in turn.
-void settle();
 
 } // namespace quillmere::testing
