@@ -496,42 +496,60 @@ private slots:
     {
         QTest::addColumn<QByteArray>("type");
         QTest::addColumn<QByteArray>("body");
+        QTest::addColumn<QString>("says");
         const QByteArray good = formBody(Boundary, "a.txt", "content");
         const auto with = [&](const QByteArray &before, const QByteArray &after) {
             return QByteArray(good).replace(before, after);
         };
-        QTest::newRow("no form") << QByteArray("application/octet-stream") << good;
-        QTest::newRow("no boundary") << QByteArray("multipart/form-data") << good;
-        QTest::newRow("quoted boundary") << QByteArray("multipart/form-data; boundary=\"" + Boundary + '"') << good;
-        QTest::newRow("other boundary") << QByteArray("multipart/form-data; boundary=x") << good;
-        const QByteArray type = "multipart/form-data; boundary=" + Boundary;
-        QTest::newRow("nothing") << type << QByteArray();
-        QTest::newRow("bytes before the frame") << type << "\r\n" + good;
-        QTest::newRow("bytes after the frame") << type << good + "\r\n";
-        QTest::newRow("no last line end") << type << good.chopped(2);
-        QTest::newRow("no closing delimiter") << type << good.chopped(Boundary.size() + 8);
-        QTest::newRow("delimiter that does not close") << type << good.chopped(4) + "\r\n";
-        QTest::newRow("bare line feeds") << type << with("\r\n", "\n");
-        QTest::newRow("other field name") << type << with("name=\"file\"", "name=\"data\"");
-        QTest::newRow("encoded file name") << type << with("filename=", "filename*=");
-        QTest::newRow("no file name") << type << with("; filename=\"a.txt\"", "");
-        QTest::newRow("other type of part") << type << with("octet-stream", "json");
-        QTest::newRow("no type of part") << type << with("Content-Type: application/octet-stream\r\n", "");
-        QTest::newRow("one more header") << type << with("octet-stream\r\n", "octet-stream\r\nX: 1\r\n");
-        QTest::newRow("line end in the file name") << type << with("a.txt", "a\r\nX: 1");
-        QTest::newRow("NUL in the file name") << type << with("a.txt", QByteArray("a\0b", 3));
-        QTest::newRow("file name not in UTF-8") << type << with("a.txt", "a\xff");
+        const QString wrongType = u"Content-Type must be multipart/form-data; boundary=BOUNDARY"_s;
+        const QByteArray form = "multipart/form-data";
+        QTest::newRow("no form") << QByteArray("application/octet-stream") << good << wrongType;
+        QTest::newRow("no boundary") << form << good << wrongType;
+        QTest::newRow("quoted boundary") << form + "; boundary=\"" + Boundary + '"' << good << wrongType;
+        QTest::newRow("parameter after the boundary") << form + "; boundary=" + Boundary + ";a=b" << good << wrongType;
+
+        const QByteArray type = form + "; boundary=" + Boundary;
+        const QString wrongStart = u"the body must start with the delimiter"_s;
+        QTest::newRow("other boundary") << form + "; boundary=x" << good << wrongStart;
+        QTest::newRow("bytes before the frame") << type << "\r\n" + good << wrongStart;
+        QTest::newRow("other field name") << type << with("name=\"file\"", "name=\"data\"") << wrongStart;
+        QTest::newRow("encoded file name") << type << with("filename=", "filename*=") << wrongStart;
+        QTest::newRow("no file name") << type << with("; filename=\"a.txt\"", "") << wrongStart;
+
+        const QString wrongLine = u"the file name must be followed by the line Content-Type"_s;
+        QTest::newRow("other type of part") << type << with("octet-stream", "json") << wrongLine;
+        QTest::newRow("no type of part") << type << with("Content-Type: application/octet-stream\r\n", "") << wrongLine;
+        QTest::newRow("one more header") << type << with("octet-stream\r\n", "octet-stream\r\nX: 1\r\n") << wrongLine;
+
+        const QString wrongName = u"the file name must be one line of UTF-8"_s;
+        QTest::newRow("line end in the file name") << type << with("a.txt", "a\r\nX: 1") << wrongName;
+        QTest::newRow("NUL in the file name") << type << with("a.txt", QByteArray("a\0b", 3)) << wrongName;
+        QTest::newRow("file name not in UTF-8") << type << with("a.txt", "a\xff") << wrongName;
+
+        const QString wrongEnd = u"there must be one part"_s;
+        QTest::newRow("bytes after the frame") << type << good + "\r\n" << wrongEnd;
+        QTest::newRow("delimiter that does not close") << type << good.chopped(4) + "\r\n" << wrongEnd;
         QTest::newRow("two parts") << type
                                    << good.chopped(4)
-                + "\r\nContent-Disposition: form-data; name=\"purpose\"\r\n\r\nx\r\n--" + Boundary + "--\r\n";
+                + "\r\nContent-Disposition: form-data; name=\"purpose\"\r\n\r\nx\r\n--" + Boundary + "--\r\n"
+                                   << wrongEnd;
+
+        const QString unfinished = u"the body ends before its closing delimiter does"_s;
+        QTest::newRow("nothing") << type << QByteArray() << unfinished;
+        QTest::newRow("no last line end") << type << good.chopped(2) << unfinished;
+        QTest::newRow("no closing delimiter") << type << good.chopped(Boundary.size() + 8) << unfinished;
+        QTest::newRow("bare line feeds") << type << with("\r\n", "\n") << unfinished;
+        QTest::newRow("a head without end")
+            << type << good.left(30) + QByteArray(20'000, 'x') << u"the part's header does not end"_s;
     }
     void refusesAnyOtherFrame()
     {
         QFETCH(QByteArray, type);
         QFETCH(QByteArray, body);
+        QFETCH(QString, says);
         const WireReply reply = ask(*m_service, "POST", FilesTarget, m_token + "Content-Type: " + type + "\r\n", body);
         QCOMPARE(reply.status, 400);
-        QVERIFY(!json(reply)[u"detail"].toString().isEmpty());
+        QVERIFY2(json(reply)[u"detail"].toString().startsWith(says), reply.body.constData());
         QCOMPARE(m_service->uploads().size(), 0);
     }
 
@@ -600,6 +618,22 @@ private slots:
         QVERIFY(client.receives("HTTP/1.1 200 OK", 4));
     }
 
+    void keepsTheNextRequestWaitingBehindAHangingOne()
+    {
+        QSignalSpy received(m_service.get(), &StandIn::requestReceived);
+        m_service->on("GET /api/downloads/version", 1).hangsBeforeReply();
+        WireClient client(*m_service);
+        client.send(requestBytes("GET", "/api/downloads/version") + requestBytes("GET", "/v1/models"));
+        QVERIFY(received.wait());
+        client.send(requestBytes("GET", "/v1/auth/me"));
+        QCOMPARE(get("/v1/auth/me").status, 200);
+        QCOMPARE(m_service->requests("GET", "/v1/models").size(), 0);
+        m_service->release();
+        QVERIFY(client.receives("HTTP/1.1 ", 3));
+        QVERIFY(client.received().indexOf("web_download_url") < client.received().indexOf("Marlowe"));
+        QVERIFY(client.received().endsWith("{\"detail\":\"Not authenticated\"}"));
+    }
+
     void readsChunkedBodies()
     {
         WireClient client(*m_service);
@@ -654,6 +688,9 @@ private slots:
         m_service->on("GET /v1/models", 1).answers(502);
         m_service->on("GET /v1/models").answers(503);
         for (const int status : {501, 501, 502, 503, 503})
+            QCOMPARE(get("/v1/models").status, status);
+        m_service->on("GET /v1/models", 1).answers(504);
+        for (const int status : {504, 503})
             QCOMPARE(get("/v1/models").status, status);
         m_service->clearFaults();
         QCOMPARE(get("/v1/models").status, 200);
@@ -1053,6 +1090,21 @@ private slots:
         const QByteArray stopped = get("/v1/fine-tuning/jobs").body;
         for (int i = 0; i < 5; ++i)
             QCOMPARE(get("/v1/fine-tuning/jobs").body, stopped);
+    }
+
+    void runsTwoJobsAtOnce()
+    {
+        m_service->hasJobs(R"([{"id":"a","status":"running","progress":0},{"id":"b","status":"pending","progress":0},)"
+                           R"({"id":"c","status":"pending","progress":0}])");
+        const QByteArray before = get("/v1/fine-tuning/jobs").body;
+        m_service->runsByItself(1ms);
+        WireReply reply;
+        QVERIFY(eventually([&] {
+            reply = get("/v1/fine-tuning/jobs");
+            return reply.body != before;
+        }));
+        QCOMPARE(jobIn(reply, u"b"_s)[u"status"].toString(), u"running"_s);
+        QCOMPARE(jobIn(reply, u"c"_s)[u"status"].toString(), u"pending"_s);
     }
 
     void finishesWhatItRuns()
