@@ -70,7 +70,7 @@ public:
 
     // The world
 
-    /// Makes an account, unless there is one, and returns an access token that the service accepts.
+    /// Returns an access token that speaks for this address, whether or not it has an authenticator.
     QString signsIn(const QString &email);
     /// From now on every token given out so far is answered with 401.
     void revokesTokens();
