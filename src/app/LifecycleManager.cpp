@@ -1,0 +1,7 @@
+#include "app/LifecycleManager.h"
+
+namespace quillmere {
+
+void LifecycleManager::checkLaunchLocation() { }
+
+} // namespace quillmere

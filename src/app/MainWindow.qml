@@ -1,0 +1,32 @@
+// The one window: frameless, its content up to the top edge, its own marks and edges over it.
+import QtQuick
+import Quillmere.App
+import Quillmere.Controls
+import Quillmere.Theme
+
+Window {
+    id: window
+
+    title: qsTr("Quillmere Studio")
+    flags: Qt.Window | Qt.FramelessWindowHint
+    width: Screen.width > 0 ? Screen.width : 1440
+    height: Screen.height > 0 ? Screen.height : 900
+    minimumWidth: 1200
+    minimumHeight: 800
+    color: Theme.background
+    visible: true
+
+    RootView {
+        anchors.fill: parent
+    }
+
+    TitleStrip {
+        width: window.width
+        window: window
+    }
+
+    ResizeEdges {
+        anchors.fill: parent
+        window: window
+    }
+}

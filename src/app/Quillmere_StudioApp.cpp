@@ -1,0 +1,98 @@
+#include "app/Quillmere_StudioApp.h"
+
+#include "app/LifecycleManager.h"
+#include "app/UpdateManager.h"
+#include "app/theme/Theme.h"
+#include "platform/BrowserSession.h"
+#include "platform/Console.h"
+#include "platform/Environment.h"
+#include "platform/MainQueue.h"
+#include "platform/SingleInstance.h"
+#include "platform/Urls.h"
+
+#include <QDir>
+#include <QGuiApplication>
+#include <QQuickWindow>
+
+using namespace Qt::StringLiterals;
+
+namespace quillmere {
+
+namespace {
+
+const auto applicationId = u"com.quillmere.studio"_s;
+
+// Without a graphics processor Qt's software renderer starts several times faster than OpenGL, and draws for less.
+void chooseRenderer()
+{
+    const bool hasRenderNode = !QDir(u"/dev/dri"_s).entryList({u"renderD*"_s}, QDir::System).isEmpty();
+    if (!hasRenderNode && !qEnvironmentVariableIsSet("QT_QUICK_BACKEND")) {
+        QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
+    }
+}
+
+} // namespace
+
+int Quillmere_StudioApp::run(
+    int &argc, char *argv[], const std::function<std::unique_ptr<Environment>()> &makeEnvironment)
+{
+    SingleInstance instance(applicationId);
+    if (!instance.claim(argc > 1 ? QString::fromLocal8Bit(argv[1]) : QString())) {
+        return 0;
+    }
+    // The screens are compiled into the program; nothing of them is to be cached on disk.
+    qputenv("QML_DISABLE_DISK_CACHE", "1");
+    QGuiApplication::setDesktopFileName(applicationId);
+    QGuiApplication application(argc, argv);
+    QGuiApplication::setApplicationName(u"quillmere-studio"_s);
+    chooseRenderer();
+
+    const auto environment = makeEnvironment();
+    Quillmere_StudioApp studio;
+    if (!studio.open()) {
+        return 1;
+    }
+    connect(&instance, &SingleInstance::received, &studio, &Quillmere_StudioApp::receive);
+    if (argc > 1) {
+        studio.receive(QString::fromLocal8Bit(argv[1]));
+    }
+    return QGuiApplication::exec();
+}
+
+Quillmere_StudioApp::Quillmere_StudioApp()
+{
+    Theme::registerFonts();
+    m_engine.addImportPath(u"qrc:/qt/qml"_s);
+}
+
+Quillmere_StudioApp::~Quillmere_StudioApp() = default;
+
+bool Quillmere_StudioApp::open()
+{
+    m_engine.load(QUrl(u"qrc:/qt/qml/Quillmere/App/MainWindow.qml"_s));
+    if (m_engine.rootObjects().isEmpty()) {
+        return false;
+    }
+    auto &queue = MainQueue::shared();
+    queue.asyncAfter(std::chrono::seconds(1), this, [] { LifecycleManager::checkLaunchLocation(); });
+    queue.asyncAfter(std::chrono::seconds(3), this, [] { UpdateManager::shared().checkForUpdates(); });
+    return true;
+}
+
+QQuickWindow *Quillmere_StudioApp::window() const
+{
+    return qobject_cast<QQuickWindow *>(m_engine.rootObjects().value(0));
+}
+
+void Quillmere_StudioApp::receive(const QString &message)
+{
+    const auto url = parseUrl(message);
+    if (url && url->scheme() == applicationId && !BrowserSession::shared().deliver(message)) {
+        print(u"Received URL: "_s + message);
+    }
+    window()->show();
+    window()->raise();
+    window()->requestActivate();
+}
+
+} // namespace quillmere

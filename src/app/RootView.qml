@@ -1,0 +1,63 @@
+// What the window shows: the splash, then the login screen or the main window by the session alone.
+pragma ComponentBehavior: Bound
+
+import QtQuick
+import Quillmere.App
+import Quillmere.Identity
+import Quillmere.Theme
+
+Item {
+    id: view
+
+    readonly property bool showSplash: state_.showSplash
+
+    Component.onCompleted: state_.appear()
+
+    RootViewState {
+        id: state_
+    }
+
+    Loader {
+        id: content
+
+        anchors.fill: parent
+        active: !view.showSplash
+        sourceComponent: AuthManager.isAuthenticated ? mainWindow : login
+        opacity: view.showSplash ? 0 : 1
+
+        Behavior on opacity {
+            NumberAnimation {
+                duration: Motion.standard
+                easing.type: Easing.InOutQuad
+            }
+        }
+    }
+
+    Component {
+        id: mainWindow
+
+        ContentView {}
+    }
+
+    Component {
+        id: login
+
+        LoginView {}
+    }
+
+    Loader {
+        id: splash
+
+        anchors.fill: parent
+        active: opacity > 0
+        opacity: view.showSplash ? 1 : 0
+        sourceComponent: SplashScreenView {}
+
+        Behavior on opacity {
+            NumberAnimation {
+                duration: Motion.standard
+                easing.type: Easing.InOutQuad
+            }
+        }
+    }
+}

@@ -1,0 +1,44 @@
+#include "app/RootViewState.h"
+
+#include "identity/AuthManager.h"
+#include "platform/Environment.h"
+#include "platform/MainQueue.h"
+
+#include <QPointer>
+
+using namespace Qt::StringLiterals;
+
+namespace quillmere {
+
+void RootViewState::appear()
+{
+    MainQueue::shared().asyncAfter(splashTime, this, [this] { checkSession(); });
+}
+
+QCoro::Task<> RootViewState::checkSession()
+{
+    const QPointer<RootViewState> self(this);
+    Clock &clock = *Environment::current().clock;
+    const Clock::Timer patience = clock.schedule(storePatience, [self] {
+        if (self) {
+            self->endSplash();
+        }
+    });
+    auto &auth = AuthManager::shared();
+    const auto token = co_await auth.keychain.read(auth.tokenKey);
+    clock.cancel(patience);
+    if (token && !token->isEmpty()) {
+        auth.setIsAuthenticated(true);
+        auth.fetchCurrentUser(u"Failed to fetch user on launch: "_s);
+    }
+    if (self) {
+        self->endSplash();
+    }
+}
+
+void RootViewState::endSplash()
+{
+    publish(m_showSplash, false, u"showSplash"_s, &RootViewState::showSplashChanged);
+}
+
+} // namespace quillmere

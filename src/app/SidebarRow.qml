@@ -1,0 +1,48 @@
+// A row of the sidebar, which selects its destination.
+import QtQuick
+import Quillmere.App
+import Quillmere.Controls
+import Quillmere.Theme
+
+PlainButton {
+    id: row
+
+    required property int item
+    required property int selection
+
+    readonly property bool isSelected: selection !== SidebarItem.None && SidebarItem.rawValue(selection) === SidebarItem.rawValue(item)
+    readonly property color tint: isSelected ? "white" : Theme.textSecondary
+
+    label: SidebarItem.title(item)
+    implicitHeight: content.implicitHeight + 16
+    Accessible.selectable: true
+    Accessible.selected: isSelected
+
+    background: Rectangle {
+        radius: 8
+        color: row.isSelected ? Color.hex("1F1F22") : "transparent"
+    }
+
+    contentItem: Row {
+        id: content
+
+        leftPadding: 12
+        rightPadding: 12
+        spacing: 12
+
+        SymbolIcon {
+            anchors.verticalCenter: parent.verticalCenter
+            width: 20
+            name: SidebarItem.icon(row.item)
+            size: 15
+            color: row.tint
+        }
+
+        Label {
+            anchors.verticalCenter: parent.verticalCenter
+            text: row.label
+            font: Theme.system(14, row.isSelected ? Font.Medium : Font.Normal)
+            color: row.tint
+        }
+    }
+}

@@ -1,0 +1,34 @@
+// A field of the sign-in form, outlined, that hands out what is typed and never changes it.
+import QtQuick
+import Quillmere.Controls
+import Quillmere.Theme
+
+Rectangle {
+    id: field
+
+    required property string label
+    required property string placeholder
+    property alias text: input.text
+    property alias font: input.font
+
+    signal edited(string text)
+    signal accepted
+
+    implicitHeight: input.implicitHeight + 28
+    radius: 8
+    color: Color.faded("white", 0.05)
+    border.width: 1
+    border.color: input.activeFocus ? Theme.focusRing : Theme.outline
+
+    PlainField {
+        id: input
+
+        x: 14
+        y: 14
+        width: field.width - 28
+        label: field.label
+        placeholderText: field.placeholder
+        onTextEdited: field.edited(text)
+        onAccepted: field.accepted()
+    }
+}

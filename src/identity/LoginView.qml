@@ -1,0 +1,126 @@
+// The screen of a signed-out user: the brand beside a form that changes with the step of the sign-in.
+import QtQuick
+import Quillmere.Controls
+import Quillmere.Identity
+import Quillmere.Platform
+import Quillmere.Theme
+
+Rectangle {
+    id: view
+
+    color: Theme.background
+    implicitWidth: 800
+    implicitHeight: 600
+
+    LoginViewModel {
+        id: viewModel
+    }
+
+    Rectangle {
+        width: Math.floor(view.width / 2)
+        height: view.height
+        color: Theme.sidebarBackground
+
+        Column {
+            anchors.centerIn: parent
+            spacing: 32
+
+            Image {
+                anchors.horizontalCenter: parent.horizontalCenter
+                width: 100
+                height: 100
+                source: "qrc:/logo/logo-100.png"
+                Accessible.ignored: true
+            }
+
+            Column {
+                anchors.horizontalCenter: parent.horizontalCenter
+                spacing: 12
+
+                Label {
+                    anchors.horizontalCenter: parent.horizontalCenter
+                    text: qsTr("Quillmere Studio")
+                    font: Theme.face("Gabarito", 28, Font.Bold)
+                    color: "white"
+                }
+
+                Label {
+                    anchors.horizontalCenter: parent.horizontalCenter
+                    text: qsTr("Custom LLMs: Finetune, Train, Deploy")
+                    font: Theme.system(14)
+                    color: Theme.textSecondary
+                }
+            }
+
+            Column {
+                anchors.horizontalCenter: parent.horizontalCenter
+                topPadding: 40
+                spacing: 16
+
+                FeatureRow {
+                    icon: "cpu.fill"
+                    text: qsTr("Local & Cloud Training")
+                }
+
+                FeatureRow {
+                    icon: "lock.shield.fill"
+                    text: qsTr("Secure Authentication")
+                }
+
+                FeatureRow {
+                    icon: "arrow.triangle.2.circlepath"
+                    text: qsTr("Seamless Model Sync")
+                }
+            }
+        }
+    }
+
+    Item {
+        id: formColumn
+
+        anchors.right: parent.right
+        width: Math.ceil(view.width / 2)
+        height: view.height
+
+        Column {
+            anchors.centerIn: parent
+            width: 280
+            spacing: 24
+
+            Loader {
+                width: parent.width
+                sourceComponent: viewModel.loginStep === LoginViewModel.Email ? emailStep : authenticatorStep
+                opacity: status === Loader.Ready ? 1 : 0
+            }
+
+            FailureLine {
+                width: 280
+                visible: viewModel.hasErrorMessage
+                text: viewModel.errorMessage
+            }
+        }
+
+        BrowserPanel {
+            anchors.horizontalCenter: parent.horizontalCenter
+            anchors.bottom: parent.bottom
+            anchors.bottomMargin: 32
+            visible: BrowserSession.waiting
+        }
+    }
+
+    Component {
+        id: emailStep
+
+        EmailStep {
+            viewModel: viewModel
+        }
+    }
+
+    Component {
+        id: authenticatorStep
+
+        AuthenticatorStep {
+            viewModel: viewModel
+        }
+    }
+}

@@ -1,0 +1,158 @@
+#include "service/QuillmereAPIClient.h"
+
+#include "platform/Environment.h"
+#include "platform/Http.h"
+#include "platform/Urls.h"
+#include "service/APIError.h"
+
+#include <QCoreApplication>
+#include <QUuid>
+
+using namespace Qt::StringLiterals;
+
+namespace quillmere {
+
+namespace {
+
+QString base()
+{
+    return Environment::current().hosts.apiEndpoint + u"/v1"_s;
+}
+
+Failure failureOf(int status, const QByteArray &body)
+{
+    switch (status) {
+    case 403:
+        return failure(APIError::forbidden);
+    case 404:
+        return failure(APIError::notFound);
+    case 429:
+        return failure(APIError::rateLimited);
+    default:
+        break;
+    }
+    if (const auto told = decode<APIErrorResponse>(body, KeyCoding::SnakeCase)) {
+        return failure(APIError::serverError, told->detail);
+    }
+    return failure(APIError::serverError, u"Unknown error (status: %1)"_s.arg(status));
+}
+
+} // namespace
+
+QuillmereAPIClient &QuillmereAPIClient::shared()
+{
+    return Environment::current().shared<QuillmereAPIClient>();
+}
+
+QCoro::Task<Result<ModelsResponse>> QuillmereAPIClient::listModels()
+{
+    return request<ModelsResponse>(u"models"_s, u"GET"_s, false);
+}
+
+QCoro::Task<Result<ModelDownloadInfo>> QuillmereAPIClient::getModelDownload(QString modelId)
+{
+    return request<ModelDownloadInfo>(u"models/"_s + modelId + u"/download"_s, u"GET"_s, true);
+}
+
+QCoro::Task<Result<QList<DatasetInfo>>> QuillmereAPIClient::listDatasets(QString workspaceId)
+{
+    const auto response = co_await request<DatasetsResponse>(u"files?workspace_id="_s + workspaceId, u"GET"_s, true);
+    if (!response) {
+        co_return response.failure();
+    }
+    co_return response->data;
+}
+
+QCoro::Task<Result<DatasetInfo>> QuillmereAPIClient::uploadDataset(
+    QString workspaceId, QByteArray fileData, QString filename)
+{
+    const auto url = parseWebUrl(base() + u"/files?workspace_id="_s + workspaceId);
+    if (!url) {
+        co_return failure(APIError::invalidURL);
+    }
+    if (filename.contains(u'\r') || filename.contains(u'\n') || filename.contains(u'\0')) {
+        co_return Failure(
+            Failure::Kind::Encoding, QCoreApplication::translate("QuillmereAPIClient", "Invalid file name"));
+    }
+    const QByteArray boundary = QUuid::createUuid().toByteArray(QUuid::WithoutBraces).toUpper();
+    HttpRequest request {"POST", *url, {{"Content-Type", "multipart/form-data; boundary=" + boundary}}, {}};
+    if (const auto token = co_await authorization()) {
+        request.headers.append({"Authorization", *token});
+    }
+    request.body = {
+        "--" + boundary + "\r\nContent-Disposition: form-data; name=\"file\"; filename=\"" + filename.toUtf8()
+            + "\"\r\nContent-Type: application/octet-stream\r\n\r\n",
+        std::move(fileData),
+        "\r\n--" + boundary + "--\r\n",
+    };
+    const auto response = co_await HttpSession::shared().send(std::move(request));
+    if (!response) {
+        co_return response.failure();
+    }
+    co_return co_await decoded<DatasetInfo>(response->body);
+}
+
+QCoro::Task<Result<FineTuneJobsResponse>> QuillmereAPIClient::listFineTuneJobs()
+{
+    return request<FineTuneJobsResponse>(u"fine-tuning/jobs"_s, u"GET"_s, true);
+}
+
+QCoro::Task<Result<FineTuneJob>> QuillmereAPIClient::cancelFineTuneJob(QString jobId)
+{
+    return request<FineTuneJob>(u"fine-tuning/jobs/"_s + jobId + u"/cancel"_s, u"POST"_s, true);
+}
+
+QCoro::Task<Result<UserProfile>> QuillmereAPIClient::getCurrentUser()
+{
+    return request<UserProfile>(u"auth/me"_s, u"GET"_s, true);
+}
+
+QCoro::Task<Result<QByteArray>> QuillmereAPIClient::send(
+    QString endpoint, QString method, QByteArray body, bool authenticated)
+{
+    const auto url = parseWebUrl(base() + u'/' + endpoint);
+    if (!url) {
+        co_return failure(APIError::invalidURL);
+    }
+    HttpRequest request {
+        method.toUtf8(), *url, {{"Content-Type", "application/json"}, {"User-Agent", "Quillmere-Studio/1.0"}}, {}};
+    if (authenticated) {
+        if (const auto token = co_await authorization()) {
+            request.headers.append({"Authorization", *token});
+        }
+    }
+    if (!body.isEmpty()) {
+        request.body = {body};
+    }
+    auto response = co_await HttpSession::shared().send(std::move(request));
+    if (!response) {
+        co_return response.failure();
+    }
+    if (response->status == 0) {
+        co_return failure(APIError::invalidResponse);
+    }
+    if (response->status >= 200 && response->status < 300) {
+        co_return std::move(response->body);
+    }
+    if (response->status == 401) {
+        if (m_session) {
+            m_session->logout();
+        }
+        co_return failure(APIError::unauthorized);
+    }
+    co_return failureOf(response->status, response->body);
+}
+
+QCoro::Task<std::optional<QByteArray>> QuillmereAPIClient::authorization()
+{
+    if (!m_session) {
+        co_return std::nullopt;
+    }
+    const auto token = co_await m_session->accessToken();
+    if (!token) {
+        co_return std::nullopt;
+    }
+    co_return "Bearer " + token->toUtf8();
+}
+
+} // namespace quillmere

@@ -1,0 +1,177 @@
+// One fine-tuning job: its name and status, and while it runs its progress, four figures and a button that stops it.
+import QtQuick
+import Quillmere.Controls
+import Quillmere.Theme
+
+Card {
+    id: card
+
+    required property string identifier
+    required property string name
+    required property string badge
+    required property color statusColor
+    required property bool isRunning
+    required property string progressText
+    required property real progress
+
+    signal cancel
+    signal viewDetails
+
+    readonly property bool isHovered: hover.hovered
+
+    implicitHeight: content.implicitHeight
+    strokeColor: isHovered ? Color.faded(statusColor, 0.5) : Theme.border
+    Accessible.role: Accessible.ListItem
+    Accessible.name: name
+
+    HoverHandler {
+        id: hover
+    }
+
+    Column {
+        id: content
+
+        width: card.width
+
+        Item {
+            width: parent.width
+            height: 40 + Math.max(title.implicitHeight, trailing.implicitHeight)
+
+            Rectangle {
+                id: dot
+
+                x: 20
+                anchors.verticalCenter: parent.verticalCenter
+                width: 10
+                height: 10
+                radius: 5
+                color: card.statusColor
+            }
+
+            Column {
+                id: title
+
+                anchors.left: dot.right
+                anchors.leftMargin: 16
+                anchors.right: trailing.left
+                anchors.rightMargin: 16
+                anchors.verticalCenter: parent.verticalCenter
+                spacing: 4
+
+                Label {
+                    width: parent.width
+                    text: card.name
+                    font: Theme.bodyMediumFont
+                    color: "white"
+                    elide: Text.ElideRight
+                }
+
+                Label {
+                    width: parent.width
+                    text: qsTr("ID: ") + card.identifier
+                    font: Theme.monoFont
+                    color: Theme.textTertiary
+                    elide: Text.ElideRight
+                }
+            }
+
+            Row {
+                id: trailing
+
+                anchors.right: parent.right
+                anchors.rightMargin: 20
+                anchors.verticalCenter: parent.verticalCenter
+                spacing: 16
+
+                Badge {
+                    anchors.verticalCenter: parent.verticalCenter
+                    text: card.badge
+                    tint: card.statusColor
+                    font: Theme.system(11, Font.Bold)
+                    horizontalPadding: 10
+                    verticalPadding: 5
+                }
+
+                Column {
+                    visible: card.isRunning
+                    anchors.verticalCenter: parent.verticalCenter
+                    spacing: 4
+
+                    Label {
+                        anchors.right: parent.right
+                        text: card.progressText
+                        font: Theme.monoFont
+                        color: "white"
+                    }
+
+                    ProgressBar {
+                        width: 80
+                        value: card.progress
+                        tint: Theme.success
+                    }
+                }
+
+                Row {
+                    anchors.verticalCenter: parent.verticalCenter
+                    spacing: 8
+
+                    IconButton {
+                        visible: card.isRunning
+                        symbol: "stop.circle"
+                        color: Theme.error
+                        label: qsTr("Cancel %1").arg(card.name)
+                        onClicked: card.cancel()
+                    }
+
+                    IconButton {
+                        symbol: "arrow.right.circle"
+                        color: Theme.textSecondary
+                        label: qsTr("Details of %1").arg(card.name)
+                        onClicked: card.viewDetails()
+                    }
+                }
+            }
+        }
+
+        Divider {
+            visible: card.isRunning
+            width: parent.width
+        }
+
+        Rectangle {
+            visible: card.isRunning
+            width: parent.width - 2
+            x: 1
+            height: metrics.implicitHeight + 24
+            color: Color.faded("black", 0.3)
+
+            Row {
+                id: metrics
+
+                x: 19
+                y: 12
+                spacing: 24
+
+                JobMetricItem {
+                    label: qsTr("Epoch")
+                    value: "2/5"
+                }
+
+                JobMetricItem {
+                    label: qsTr("Loss")
+                    value: "0.342"
+                }
+
+                JobMetricItem {
+                    label: qsTr("Learning Rate")
+                    value: "1e-4"
+                }
+
+                JobMetricItem {
+                    label: qsTr("ETA")
+                    value: qsTr("~45 min")
+                }
+            }
+        }
+    }
+}

@@ -1,0 +1,44 @@
+#include "workspace/training/TrainingJobRow.h"
+
+#include "app/theme/Color.h"
+#include "platform/Text.h"
+#include "service/Records.h"
+
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+
+namespace quillmere {
+
+namespace {
+
+QColor colorOf(const QString &status)
+{
+    if (status == u"running"_s || status == u"pending"_s) {
+        return Color::hex(u"22C55E"_s);
+    }
+    if (status == u"completed"_s) {
+        return Color::hex(u"3B82F6"_s);
+    }
+    if (status == u"failed"_s || status == u"cancelled"_s) {
+        return Color::hex(u"EF4444"_s);
+    }
+    return Color::hex(u"A1A1AA"_s);
+}
+
+} // namespace
+
+TrainingJobRow TrainingJobRow::of(const FineTuneJob &job)
+{
+    return {
+        .id = job.id,
+        .name = job.name,
+        .badge = text::capitalized(job.status),
+        .statusColor = colorOf(job.status),
+        .isRunning = job.status == u"running"_s,
+        .progressText = QString::number(job.progress) + u'%',
+        .progress = std::clamp(double(job.progress) / 100, 0.0, 1.0),
+    };
+}
+
+} // namespace quillmere
