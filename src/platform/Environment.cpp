@@ -25,10 +25,11 @@ Environment::Environment()
 Environment::~Environment()
 {
     while (!m_shared.empty()) {
-        // Out of the list only afterwards: what an object ends on its way out may still ask for it.
+        // Out of the list only afterwards: what an object ends on its way out may still ask for it, and for others that are
+        // then made anew at the end of the list.
         const Shared last = m_shared.back();
         last.destroy(last.object);
-        m_shared.pop_back();
+        std::erase_if(m_shared, [&](const Shared &one) { return one.object == last.object; });
     }
     currentEnvironment = nullptr;
 }

@@ -3,17 +3,15 @@
 #include "platform/Environment.h"
 #include "platform/Urls.h"
 
-#include <QCoroSignal>
-
 #include <QCoreApplication>
 #include <QIODevice>
 #include <QNetworkReply>
-#include <QPointer>
 
 #include <algorithm>
+#include <coroutine>
 #include <cstring>
-#include <memory>
 #include <optional>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -47,8 +45,12 @@ public:
     }
 
     bool isSequential() const override { return true; }
+    // After a 307 or 308 Qt rewinds the body and reports an error if that fails, although it then sends nothing again.
+    bool seek(qint64) override { return isAnswered; }
     bool atEnd() const override { return m_left == 0; }
     qint64 bytesAvailable() const override { return m_left; }
+
+    bool isAnswered = false; // the head of a reply is there
 
 protected:
     qint64 readData(char *data, qint64 maxSize) override
@@ -76,20 +78,21 @@ private:
     qint64 m_left = 0;
 };
 
-bool isNetworkLayerError(QNetworkReply::NetworkError error)
+// Whether the library reports more than the status says anyway: it has an error of its own for every status from 400 up.
+bool isFailure(QNetworkReply::NetworkError error, int status)
 {
-    return error > QNetworkReply::NoError && error <= QNetworkReply::UnknownProxyError;
+    if (error == QNetworkReply::NoError || (error == QNetworkReply::ProxyAuthenticationRequiredError && status == 407)) {
+        return false;
+    }
+    return status < 400 || error <= QNetworkReply::UnknownProxyError; // up to there lie the errors of the connection
 }
 
 } // namespace
 
 // One request and its reply, on the wire once.
 class HttpSession::Exchange : public QObject {
-    Q_OBJECT
-
 public:
-    Exchange(HttpSession &session, const HttpRequest &request) :
-        m_session(session), m_body(new OneWayBody(request.body))
+    Exchange(HttpSession &session, const HttpRequest &request) : m_session(session)
     {
         qint64 length = 0;
         for (const QByteArray &piece : request.body) {
@@ -107,14 +110,19 @@ public:
         wire.setAttribute(QNetworkRequest::AuthenticationReuseAttribute, QNetworkRequest::Manual);
         wire.setAttribute(QNetworkRequest::Http2AllowedAttribute, false);
 
-        m_reply = session.m_manager.sendCustomRequest(wire, request.method, m_body.get());
+        auto *body = new OneWayBody(request.body);
+        m_reply = session.m_manager.sendCustomRequest(wire, request.method, body);
+        body->setParent(m_reply); // which may read it for as long as it is there itself
         m_reply->setReadBufferSize(1 << 20);
         m_session.m_underWay.insert(this);
 
-        connect(m_reply, &QNetworkReply::metaDataChanged, this, &Exchange::takeBytes);
+        connect(m_reply, &QNetworkReply::metaDataChanged, this, [this, body] {
+            body->isAnswered = true;
+            takeBytes();
+        });
         connect(m_reply, &QNetworkReply::readyRead, this, &Exchange::takeBytes);
         connect(m_reply, &QNetworkReply::uploadProgress, this, [this] { m_lastByte = clock().uptime(); });
-        connect(m_reply, &QNetworkReply::finished, this, &Exchange::end);
+        connect(m_reply, &QNetworkReply::finished, this, &Exchange::finish);
 
         m_lastByte = clock().uptime();
         watchSilence();
@@ -125,36 +133,42 @@ public:
         m_session.m_underWay.erase(this);
         clock().cancel(m_silence);
         clock().cancel(m_deadline);
+        // The library may still touch its reply until the event loop comes round again.
         m_reply->disconnect(this);
-        if (m_reply->isRunning()) {
-            m_reply->abort();
-        }
-        // The library may still touch its reply, and the reply the body, until the event loop comes round again.
-        connect(m_reply, &QObject::destroyed, m_body.get(), &QObject::deleteLater);
-        m_body.release();
         m_reply->deleteLater();
     }
 
+    // Whoever awaits goes on before this returns, and may take the exchange with it.
     void cancel(const QString &why)
     {
-        if (!m_failure) {
-            m_failure = why;
-        }
+        m_failure = why;
+        m_reply->disconnect(this);
         m_reply->abort();
+        end();
     }
 
-    bool hasEnded() const { return m_ended; }
+    // What to await for the outcome; by one coroutine.
+    struct End {
+        Exchange &exchange;
+
+        bool await_ready() const { return exchange.m_ended; }
+        void await_suspend(std::coroutine_handle<> waiter) { exchange.m_waiter = waiter; }
+        Result<HttpResponse> await_resume() { return exchange.outcome(); }
+    };
+    End ended() { return {*this}; }
+
     QByteArray location() const { return m_reply->rawHeader("Location"); }
+
+private:
+    static Clock &clock() { return *Environment::current().clock; }
 
     Result<HttpResponse> outcome()
     {
         if (m_failure) {
             return transportFailure(*m_failure);
         }
-        const QNetworkReply::NetworkError error = m_reply->error();
         const int status = m_reply->attribute(QNetworkRequest::HttpStatusCodeAttribute).toInt();
-        // For a status from 400 up the library reports an error that only repeats the status.
-        if (isNetworkLayerError(error) || (error != QNetworkReply::NoError && status < 400)) {
+        if (isFailure(m_reply->error(), status)) {
             return transportFailure(m_reply->errorString());
         }
         // A chunk length that cannot be read leaves no other trace in this library than a body that is not there.
@@ -164,12 +178,6 @@ public:
         }
         return HttpResponse {status, std::move(m_received)};
     }
-
-signals:
-    void ended();
-
-private:
-    static Clock &clock() { return *Environment::current().clock; }
 
     void watchSilence()
     {
@@ -190,28 +198,35 @@ private:
         }
         m_received += m_reply->readAll();
         if (m_received.size() > sizeLimit) {
-            m_received.clear();
             cancel(tr("The reply is too large."));
         }
     }
 
+    void finish()
+    {
+        m_received += m_reply->readAll();
+        if (m_received.size() > sizeLimit) {
+            m_failure = tr("The reply is too large.");
+        }
+        end();
+    }
+
     void end()
     {
-        if (!m_ended) {
-            m_received += m_reply->readAll();
-            m_ended = true;
-            emit ended();
+        m_ended = true;
+        if (m_waiter) {
+            m_waiter.resume();
         }
     }
 
     HttpSession &m_session;
-    std::unique_ptr<OneWayBody> m_body;
-    QPointer<QNetworkReply> m_reply;
+    QNetworkReply *m_reply;
     QByteArray m_received;
     std::optional<QString> m_failure;
     std::chrono::milliseconds m_lastByte {0};
     Clock::Timer m_silence = 0;
     Clock::Timer m_deadline = 0;
+    std::coroutine_handle<> m_waiter;
     bool m_ended = false;
 };
 
@@ -229,9 +244,7 @@ HttpSession::~HttpSession()
 {
     m_ending = true;
     while (!m_underWay.empty()) {
-        Exchange *exchange = *m_underWay.begin();
-        m_underWay.erase(exchange);
-        exchange->cancel(tr("The program is ending."));
+        (*m_underWay.begin())->cancel(tr("The program is ending."));
     }
 }
 
@@ -242,10 +255,7 @@ QCoro::Task<Result<HttpResponse>> HttpSession::send(HttpRequest request)
             co_return transportFailure(tr("The program is ending."));
         }
         Exchange exchange(*this, request);
-        if (!exchange.hasEnded()) {
-            co_await qCoro(&exchange, &Exchange::ended);
-        }
-        auto outcome = exchange.outcome();
+        auto outcome = co_await exchange.ended();
         if (!outcome || request.method != "GET" || redirections == mostRedirections) {
             co_return outcome;
         }
@@ -268,5 +278,3 @@ QCoro::Task<Result<HttpResponse>> HttpSession::send(HttpRequest request)
 }
 
 } // namespace quillmere
-
-#include "Http.moc"

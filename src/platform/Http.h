@@ -16,7 +16,8 @@
 namespace quillmere {
 
 // One request as it goes out. Header values go out letter for letter. The body is the pieces one after the other; they are
-// shared, not copied, so that a large file in the middle costs its own size once.
+// shared, not copied, so that a large file in the middle costs its own size once. Every request tells a Content-Length, one
+// without a body that it is zero.
 struct HttpRequest {
     QByteArray method;
     QUrl url;
@@ -32,9 +33,10 @@ struct HttpResponse {
 
 // The program's one way to the network: HTTP/1.1, no cache, no cookies, nothing sent twice.
 //
-// A request fails as Transport when no whole reply came: connection or TLS failed, it was cut, its body could not be decoded,
-// 60 s went by without a byte in either direction, the reply took ten minutes from its first byte, or it is larger than 64 MB.
-// Otherwise the status decides, and that is the caller's business.
+// A request fails as Transport when no whole reply came: connection or TLS failed, it was cut, a body of status 200 to 299 could
+// not be unpacked, 60 s went by without a byte of either body (the head of a reply counts as one byte), the reply took ten
+// minutes from its first byte, or it is larger than 64 MB. Otherwise the status decides, and that is the caller's business.
+// A chunk length that is no number ends the reply there, with what came before it as its body; it fails if nothing did.
 //
 // A GET is redirected at most ten times, never from https to http, and `Authorization` stays behind for good when the origin
 // changes (RFC 9110, section 15.4). A redirection that is not followed, any of a POST among them, is the response.
@@ -47,7 +49,7 @@ public:
     static HttpSession &shared();
 
     HttpSession();
-    // Requests under way fail.
+    // Requests under way fail before this returns.
     ~HttpSession();
     Q_DISABLE_COPY_MOVE(HttpSession)
 

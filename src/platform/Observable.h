@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QObject>
+#include <QtQml/qqmlregistration.h>
 
 #include <utility>
 
@@ -10,6 +11,7 @@ namespace quillmere {
 // write, whether or not the value is another one, and the property's own signal follows after a write that changed it.
 class Observable : public QObject {
     Q_OBJECT
+    QML_ANONYMOUS
 
 public:
     using QObject::QObject;

@@ -1,7 +1,6 @@
 #include "platform/SingleInstance.h"
 
 #include <QCoreApplication>
-#include <QDeadlineTimer>
 #include <QFile>
 #include <QLocalSocket>
 #include <QStandardPaths>
@@ -40,10 +39,9 @@ bool SingleInstance::claim(const QString &message)
     const QDeadlineTimer deadline(10'000);
     do {
         if (m_lock.tryLock()) {
-            listen();
             return true;
         }
-        if (handOver(message.toUtf8().left(longestMessage)) == HandOver::Done) {
+        if (handOver(message.toUtf8().left(longestMessage), deadline) == HandOver::Done) {
             return false;
         }
         QThread::msleep(20);
@@ -52,7 +50,7 @@ bool SingleInstance::claim(const QString &message)
     return false;
 }
 
-SingleInstance::HandOver SingleInstance::handOver(const QByteArray &message) const
+SingleInstance::HandOver SingleInstance::handOver(const QByteArray &message, QDeadlineTimer deadline) const
 {
     // The socket's classes want an application object, which a process that only hands over does not have yet.
     std::unique_ptr<QCoreApplication> application;
@@ -62,21 +60,24 @@ SingleInstance::HandOver SingleInstance::handOver(const QByteArray &message) con
     if (!QCoreApplication::instance()) {
         application = std::make_unique<QCoreApplication>(argumentCount, arguments);
     }
+    const auto timeLeft = [&deadline] { return int(deadline.remainingTime()); };
     QLocalSocket socket;
     socket.connectToServer(m_socketPath);
-    if (!socket.waitForConnected(1000)) {
+    if (!socket.waitForConnected(timeLeft())) {
         return HandOver::Unreachable;
     }
     const quint32 length = qToBigEndian(quint32(message.size()));
     socket.write(reinterpret_cast<const char *>(&length), sizeof length);
     socket.write(message);
+    // A first process that is slow to answer may have read the message: it is not told a second time, as long as the
+    // connection stands.
     while (socket.bytesToWrite() > 0) {
-        if (!socket.waitForBytesWritten(3000)) {
+        if (!socket.waitForBytesWritten(timeLeft())) {
             return HandOver::Unreachable;
         }
     }
     char answer = 0;
-    const bool answered = socket.bytesAvailable() > 0 || socket.waitForReadyRead(3000);
+    const bool answered = socket.bytesAvailable() > 0 || socket.waitForReadyRead(timeLeft());
     return answered && socket.getChar(&answer) && answer == receipt ? HandOver::Done : HandOver::Unreachable;
 }
 

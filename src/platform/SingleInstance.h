@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QDeadlineTimer>
 #include <QLocalServer>
 #include <QLockFile>
 #include <QObject>
@@ -18,9 +19,13 @@ public:
     // `name` tells programs apart.
     explicit SingleInstance(const QString &name);
 
-    // True: this process is the first and now listens. False: the first one has the message. While the first is just starting
-    // or ending this waits, ten seconds at most; then it gives up with false and prints why to standard error.
+    // True: this process is the first and is to listen() soon. False: the first one has the message. While the first is just
+    // starting or ending this waits, ten seconds at most; then it gives up with false and prints why to standard error. Needs
+    // no application object, so that a process that only hands its message over stays small.
     bool claim(const QString &message);
+
+    // Takes messages from now on; needs the application object.
+    void listen();
 
 signals:
     // Another process was started with this message, which may be anything that user typed.
@@ -28,8 +33,7 @@ signals:
 
 private:
     enum class HandOver { Done, Unreachable };
-    HandOver handOver(const QByteArray &message) const;
-    void listen();
+    HandOver handOver(const QByteArray &message, QDeadlineTimer deadline) const;
     void take();
 
     QString m_socketPath;

@@ -24,14 +24,18 @@ std::chrono::milliseconds SystemClock::uptime() const
 Clock::Timer SystemClock::schedule(std::chrono::milliseconds delay, std::function<void()> action)
 {
     const int id = startTimer(std::max(delay, std::chrono::milliseconds(0)), Qt::PreciseTimer);
-    m_actions.emplace(Timer(id), std::move(action));
-    return Timer(id);
+    const Timer timer = ++m_last;
+    m_actions.emplace(id, Action {timer, std::move(action)});
+    return timer;
 }
 
 void SystemClock::cancel(Timer timer)
 {
-    if (m_actions.erase(timer) > 0) {
-        killTimer(int(timer));
+    const auto found = std::find_if(
+        m_actions.begin(), m_actions.end(), [timer](const auto &entry) { return entry.second.timer == timer; });
+    if (found != m_actions.end()) {
+        killTimer(found->first);
+        m_actions.erase(found);
     }
 }
 
@@ -39,9 +43,9 @@ void SystemClock::timerEvent(QTimerEvent *event)
 {
     killTimer(event->timerId());
     // The action may schedule and cancel others, so it leaves the table before it runs.
-    auto node = m_actions.extract(Timer(event->timerId()));
+    auto node = m_actions.extract(event->timerId());
     if (!node.empty()) {
-        node.mapped()();
+        node.mapped().run();
     }
 }
 

@@ -23,8 +23,15 @@ protected:
     void timerEvent(QTimerEvent *event) override;
 
 private:
+    struct Action {
+        Timer timer;
+        std::function<void()> run;
+    };
+
     QElapsedTimer m_sinceStart;
-    std::unordered_map<Timer, std::function<void()>> m_actions; // by Qt's timer id
+    // Qt gives the number of a timer that has run to another one, ours are never given twice.
+    Timer m_last = 0;
+    std::unordered_map<int, Action> m_actions; // by Qt's timer id
 };
 
 } // namespace quillmere

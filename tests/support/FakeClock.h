@@ -10,12 +10,19 @@ namespace quillmere::testing {
 class FakeClock : public Clock {
 public:
     QDateTime now() const override;
-    std::chrono::milliseconds uptime() const override { return m_uptime; }
+    std::chrono::milliseconds uptime() const override
+    {
+        ++looks;
+        return m_uptime;
+    }
     Timer schedule(std::chrono::milliseconds delay, std::function<void()> action) override;
     void cancel(Timer timer) override;
 
     // Runs what falls due up to and with that moment, in order, each at its own time.
     void advance(std::chrono::milliseconds by);
+
+    // How often somebody asked for the uptime: a sign that something has happened there.
+    mutable int looks = 0;
 
     qsizetype scheduledCount() const { return qsizetype(m_actions.size()); }
 
