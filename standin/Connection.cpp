@@ -9,11 +9,11 @@ using namespace Qt::StringLiterals;
 namespace standin {
 
 namespace {
-constexpr qsizetype LongestHead = 64 * 1024;
+constexpr qsizetype LongestHead = 64 * KiB;
 constexpr qint64 UnreadBytes =
-    1024 * 1024; // what waits in the socket while nobody reads; then TCP holds the client back
-constexpr qint64 UnsentBytes = 1024 * 1024;
-constexpr qint64 FillerBlock = 64 * 1024;
+    1024 * KiB; // what waits in the socket while nobody reads; then TCP holds the client back
+constexpr qint64 UnsentBytes = 1024 * KiB;
+constexpr qint64 FillerBlock = 64 * KiB;
 } // namespace
 
 Connection::Connection(QTcpSocket *socket, Service &service, QObject *parent)

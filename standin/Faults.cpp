@@ -23,14 +23,15 @@ QJsonValue bentValue(const QJsonValue &value, const std::function<void(QJsonObje
 {
     if (value.isArray()) {
         QJsonArray array;
-        for (const QJsonValue &item : value.toArray())
+        const QJsonArray items = value.toArray();
+        for (const auto &item : items)
             array.append(bentValue(item, bend));
         return array;
     }
     if (value.isObject()) {
         QJsonObject object = value.toObject();
-        for (auto it = object.begin(); it != object.end(); ++it)
-            *it = bentValue(*it, bend);
+        for (auto field : object)
+            field = bentValue(field, bend);
         bend(object);
         return object;
     }

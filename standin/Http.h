@@ -10,6 +10,8 @@ namespace standin {
 using Request = StandIn::Request;
 using Headers = StandIn::Headers;
 
+constexpr qint64 KiB = 1024;
+
 struct Reply {
     int status = 200;
     QByteArray contentType = "application/json";

@@ -9,8 +9,8 @@ using namespace Qt::StringLiterals;
 namespace standin {
 
 namespace {
-constexpr qsizetype LongestFrame = 16 * 1024;
-const QByteArray DispositionStart = "Content-Disposition: form-data; name=\"file\"; filename=\"";
+constexpr qsizetype LongestFrame = 16 * KiB;
+const QByteArray DispositionStart = R"(Content-Disposition: form-data; name="file"; filename=")";
 const QByteArray TypeLine = "Content-Type: application/octet-stream";
 } // namespace
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "standin/StandIn.h"
+#include "standin/Http.h"
 
 #include <QCryptographicHash>
 
@@ -19,7 +19,7 @@ namespace standin {
 ///     CRLF --BOUNDARY-- CRLF
 class MultipartReader {
 public:
-    static constexpr qsizetype KeptBytes = 64 * 1024;
+    static constexpr qsizetype KeptBytes = 64 * KiB;
 
     /// Takes the boundary from the request's Content-Type.
     explicit MultipartReader(const QByteArray &contentType);

@@ -102,11 +102,10 @@ Reply SignIn::loginInit(const Request &request)
     }
     const Account &account = m_accounts[key];
     if (account.isSetUp)
-        return Reply::json(200, "{\"mode\":\"login\"}");
+        return Reply::json(200, R"({"mode":"login"})");
     return Reply::json(200,
-        "{\"mode\":\"setup\",\"qrCode\":\"data:image/png;base64,"
-            + qrCodePng(otpauthUrl(email, account.secret)).toBase64() + "\",\"secret\":\""
-            + base32Encoded(account.secret).toLatin1() + "\"}");
+        R"({"mode":"setup","qrCode":"data:image/png;base64,)" + qrCodePng(otpauthUrl(email, account.secret)).toBase64()
+            + R"(","secret":")" + base32Encoded(account.secret).toLatin1() + R"("})");
 }
 
 Reply SignIn::checkCode(const Request &request, const QString &origin)
@@ -129,7 +128,7 @@ Reply SignIn::checkCode(const Request &request, const QString &origin)
     account.isSetUp = true;
     const QByteArray ticket = randomBytes(24).toHex();
     m_tickets.insert(ticket, {key, m_now().addSecs(TicketSeconds)});
-    return Reply::json(200, "{\"redirectUrl\":\"" + origin.toLatin1() + "/desktop-login?ticket=" + ticket + "\"}");
+    return Reply::json(200, R"({"redirectUrl":")" + origin.toLatin1() + "/desktop-login?ticket=" + ticket + R"("})");
 }
 
 Reply SignIn::page(const Request &request)

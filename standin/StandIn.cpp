@@ -17,13 +17,14 @@ using standin::Connection;
 using standin::Delivery;
 using standin::Exchange;
 using standin::Fault;
+using standin::KiB;
 using standin::Reply;
 
 namespace {
 
-constexpr qint64 LargestBody = 1024 * 1024;
-constexpr qint64 LargestUpload = 2048LL * 1024 * 1024 + 64 * 1024; // 2 GiB and the frame around them
-constexpr qint64 KeptOfUpload = 64 * 1024;
+constexpr qint64 LargestBody = 1024 * KiB;
+constexpr qint64 LargestUpload = 2048 * KiB * KiB + 64 * KiB; // 2 GiB and the frame around them
+constexpr qint64 KeptOfUpload = 64 * KiB;
 
 bool isUpload(const StandIn::Request &request)
 {
@@ -337,7 +338,7 @@ QString StandIn::totp(const QString &base32Secret, const QDateTime &at)
 
 StandIn::Route StandIn::on(const QByteArray &route, int times)
 {
-    return Route(*this, route, times);
+    return {*this, route, times};
 }
 
 void StandIn::order(const QByteArray &route, const Fault &fault)

@@ -177,7 +177,9 @@ public:
 private:
     friend class StandIn;
     void order(standin::Fault fault) const;
-    Route(StandIn &service, const QByteArray &route, int times) : m_service(service), m_route(route), m_times(times) { }
+    Route(StandIn &service, QByteArray route, int times) : m_service(service), m_route(std::move(route)), m_times(times)
+    {
+    }
 
     StandIn &m_service;
     QByteArray m_route;
