@@ -1,4 +1,4 @@
-// A short word in a colour, on the same colour at low opacity.
+// A word in a colour, on a faint ground of the same colour.
 import QtQuick
 import Quillmere.Controls
 import Quillmere.Theme
@@ -8,37 +8,27 @@ Rectangle {
 
     required property string text
     required property color tint
-    property string symbol
     property alias font: label.font
     property real horizontalPadding: 8
     property real verticalPadding: 4
+    property real fillOpacity: 0.15
 
-    implicitWidth: row.implicitWidth + 2 * horizontalPadding
-    implicitHeight: row.implicitHeight + 2 * verticalPadding
+    implicitWidth: label.implicitWidth + 2 * horizontalPadding
+    implicitHeight: label.implicitHeight + 2 * verticalPadding
     radius: 4
-    color: Color.faded(tint, 0.15)
+    color: Color.faded(tint, fillOpacity)
 
-    Row {
-        id: row
+    Label {
+        id: label
 
-        anchors.centerIn: parent
-        spacing: 4
-
-        SymbolIcon {
-            anchors.verticalCenter: parent.verticalCenter
-            visible: badge.symbol.length > 0
-            name: badge.symbol
-            size: 9
-            color: badge.tint
-        }
-
-        Label {
-            id: label
-
-            anchors.verticalCenter: parent.verticalCenter
-            text: badge.text
-            font: Theme.system(10, Font.Bold)
-            color: badge.tint
-        }
+        anchors.fill: parent
+        anchors.leftMargin: badge.horizontalPadding
+        anchors.rightMargin: badge.horizontalPadding
+        text: badge.text
+        font: Theme.system(10, Font.Bold)
+        color: badge.tint
+        horizontalAlignment: Text.AlignHCenter
+        verticalAlignment: Text.AlignVCenter
+        elide: Text.ElideRight
     }
 }

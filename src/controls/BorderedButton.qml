@@ -1,11 +1,15 @@
-// The toolkit's bordered button.
+// A button of the toolkit's quiet look; a tint colours its label.
 import QtQuick
-import Quillmere.Controls
 import Quillmere.Theme
 
 ButtonBase {
-    font: Theme.system(13)
-    fillColor: Theme.bordered
+    id: button
+
+    property color tint: Theme.label
+
     horizontalPadding: 12
     verticalPadding: 5
+    font: Theme.system(13)
+    labelColor: tint
+    fillColor: Theme.bordered
 }

@@ -1,87 +1,109 @@
-// What all buttons share: pointer, keyboard, focus ring, accessibility, a symbol beside the label, and a spinner in their place
-// while busy. Variants say how it looks.
+// What every button is made of: mouse and keyboard, the looks of hovered, pressed, focused, disabled and busy, and its
+// name and action for assistive programs. Its kinds change nothing but colours, fonts and sizes, or bring a content item.
 import QtQuick
 import QtQuick.Templates as T
 import Quillmere.Controls
 import Quillmere.Theme
 
-T.AbstractButton {
-    id: button
+T.Control {
+    id: control
 
-    // Not the `text` of the base, which would take an "&" for a keyboard mark.
-    property string label
+    property string text
     property string symbol
-    property real symbolSize: font.pixelSize
+    property real symbolSize: font.pixelSize + 1
+    // While busy a button takes no press and shows a spinner in the place of symbol and text, beside busyText if there is one.
     property bool busy: false
-    property color labelColor: "white"
+    property string busyText
+
+    property color labelColor: Theme.textPrimary
     property color fillColor: "transparent"
+    property color strokeColor: "transparent"
+    property color hoverTint: Theme.hovered
     property real radius: 6
     property real pressedOpacity: 0.8
     property real disabledOpacity: 0.5
+    property string accessibleName: busy && busyText.length > 0 ? busyText : text
 
-    font: Theme.system(13, Font.Medium)
-    spacing: 8
-    horizontalPadding: 16
-    verticalPadding: 8
+    readonly property bool pressed: !busy && (area.pressed && area.containsMouse || spaceHeld)
+    property bool spaceHeld: false
+
+    signal clicked
+
+    function press() {
+        if (control.enabled && !control.busy) {
+            control.clicked();
+        }
+    }
+
     implicitWidth: implicitContentWidth + leftPadding + rightPadding
     implicitHeight: implicitContentHeight + topPadding + bottomPadding
-    focusPolicy: Qt.StrongFocus
-    opacity: !enabled ? disabledOpacity : down ? pressedOpacity : 1
+    font: Theme.system(13, Font.Medium)
+    spacing: 8
+    focusPolicy: Qt.TabFocus
+    hoverEnabled: true
+    // A busy button keeps its spinner bright, disabled or not; only its fill is dimmed.
+    opacity: !enabled && !busy ? disabledOpacity : pressed ? pressedOpacity : 1
 
-    Keys.onReturnPressed: click()
-    Keys.onEnterPressed: click()
     Accessible.role: Accessible.Button
-    Accessible.name: label
+    Accessible.name: accessibleName
+    Accessible.description: enabled && !busy ? "" : qsTr("Unavailable")
     Accessible.focusable: enabled
-    Accessible.onPressAction: if (enabled) {
-        clicked();
-    }
+    Accessible.pressed: pressed
+    Accessible.onPressAction: press()
 
-    contentItem: Item {
-        implicitWidth: row.implicitWidth
-        implicitHeight: row.implicitHeight
-
-        Row {
-            id: row
-
-            anchors.centerIn: parent
-            spacing: button.spacing
-            opacity: button.busy ? 0 : 1
-
-            SymbolIcon {
-                anchors.verticalCenter: parent.verticalCenter
-                visible: button.symbol.length > 0
-                name: button.symbol
-                size: button.symbolSize
-                bold: button.font.weight >= Font.DemiBold
-                color: button.labelColor
-            }
-
-            Label {
-                anchors.verticalCenter: parent.verticalCenter
-                visible: text.length > 0
-                text: button.label
-                font: button.font
-                color: button.labelColor
-                Accessible.ignored: true
+    Keys.onPressed: event => {
+        if (event.modifiers & (Qt.ControlModifier | Qt.AltModifier | Qt.MetaModifier)) {
+            return;
+        }
+        if (event.key === Qt.Key_Space) {
+            spaceHeld = true;
+            event.accepted = true;
+        } else if (event.key === Qt.Key_Return || event.key === Qt.Key_Enter) {
+            event.accepted = true;
+            if (!event.isAutoRepeat) {
+                press();
             }
         }
-
-        Spinner {
-            anchors.centerIn: parent
-            scale: 0.7
-            color: button.labelColor
-            visible: button.busy
+    }
+    Keys.onReleased: event => {
+        if (event.key === Qt.Key_Space && !event.isAutoRepeat && spaceHeld) {
+            spaceHeld = false;
+            event.accepted = true;
+            press();
         }
     }
+    onActiveFocusChanged: spaceHeld = false
 
     background: Rectangle {
-        radius: button.radius
-        color: button.fillColor
+        radius: control.radius
+        color: control.hovered && control.enabled && !control.busy ? Qt.tint(control.fillColor, control.hoverTint) : control.fillColor
+        border.width: control.strokeColor.a > 0 ? 1 : 0
+        border.color: control.strokeColor
+        opacity: control.busy && !control.enabled ? control.disabledOpacity : 1
+    }
 
-        FocusRing {
-            around: button.radius
-            visible: button.visualFocus
-        }
+    contentItem: ButtonLabel {
+        text: control.busy ? control.busyText : control.text
+        font: control.font
+        symbol: control.symbol
+        symbolSize: control.symbolSize
+        busy: control.busy
+        color: control.labelColor
+        spacing: control.spacing
+    }
+
+    // Below the content, so that what takes the mouse there comes first.
+    MouseArea {
+        id: area
+
+        anchors.fill: parent
+        z: -1
+        onPressed: control.forceActiveFocus(Qt.MouseFocusReason)
+        onClicked: control.press()
+    }
+
+    FocusRing {
+        visible: control.visualFocus
+        cornerRadius: control.radius
     }
 }

@@ -1,4 +1,4 @@
-// A column of cards that scrolls.
+// A scrolling list of cards with air around them.
 import QtQuick
 import QtQuick.Templates as T
 import Quillmere.Controls
@@ -6,30 +6,21 @@ import Quillmere.Controls
 ListView {
     id: list
 
-    property string label
+    required property string accessibleName
 
+    topMargin: 24
+    bottomMargin: 24
+    spacing: 12
     clip: true
     interactive: false
     boundsBehavior: Flickable.StopAtBounds
     reuseItems: true
-    spacing: 12
-    topMargin: 24
-    bottomMargin: 24
+    activeFocusOnTab: bar.scrollable
     Accessible.role: Accessible.List
-    Accessible.name: label
+    Accessible.name: accessibleName
+    Keys.onPressed: event => bar.scrollByKey(event)
 
-    Keys.onPressed: event => keys.handle(event)
-    T.ScrollBar.vertical: SlimScrollBar {}
-
-    WheelScroll {
-        id: wheel
-
-        view: list
-    }
-
-    ScrollKeys {
-        id: keys
-
-        wheel: wheel
+    T.ScrollBar.vertical: ListScroll {
+        id: bar
     }
 }

@@ -1,4 +1,4 @@
-// What stands in the middle of a screen that has nothing to show.
+// What stands in the middle of a screen that has nothing to show: why, and what can be done about it.
 import QtQuick
 import Quillmere.Controls
 import Quillmere.Theme
@@ -7,42 +7,46 @@ Item {
     id: state_
 
     required property string symbol
+    property color symbolColor: Theme.textTertiary
     required property string title
     required property string text
-    property color tint: Theme.textTertiary
-    property string buttonSymbol
-    property string buttonLabel
+    property string buttonIcon
+    // No text, no button.
+    property string buttonText
 
     signal buttonClicked
 
+    implicitWidth: column.implicitWidth
+    implicitHeight: column.implicitHeight
+
     Column {
+        id: column
+
         anchors.centerIn: parent
-        width: state_.width
         spacing: 24
 
         SymbolIcon {
             anchors.horizontalCenter: parent.horizontalCenter
             name: state_.symbol
             size: 64
-            color: state_.tint
+            color: state_.symbolColor
         }
 
         Column {
-            width: parent.width
+            anchors.horizontalCenter: parent.horizontalCenter
             spacing: 8
 
             Label {
-                width: parent.width
+                anchors.horizontalCenter: parent.horizontalCenter
                 text: state_.title
                 font: Theme.headingFont
                 color: "white"
-                horizontalAlignment: Text.AlignHCenter
+                Accessible.role: Accessible.Heading
             }
 
             Label {
-                width: parent.width
-                leftPadding: 40
-                rightPadding: 40
+                anchors.horizontalCenter: parent.horizontalCenter
+                width: Math.min(implicitWidth, state_.width - 80)
                 text: state_.text
                 font: Theme.bodyFont
                 color: Theme.textSecondary
@@ -53,9 +57,9 @@ Item {
 
         PrimaryButton {
             anchors.horizontalCenter: parent.horizontalCenter
-            visible: state_.buttonLabel.length > 0
-            symbol: state_.buttonSymbol
-            label: state_.buttonLabel
+            visible: text.length > 0
+            symbol: state_.buttonIcon
+            text: state_.buttonText
             onClicked: state_.buttonClicked()
         }
     }

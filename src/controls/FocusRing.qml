@@ -1,13 +1,16 @@
-// The mark of keyboard focus, just outside of what has it.
+// What shows where the keyboard is, a little outside of the control that holds it.
 import QtQuick
 import Quillmere.Theme
 
 Rectangle {
-    property real around: 6 // corner radius of what it goes around
+    id: ring
+
+    // The corner radius of what the ring goes around.
+    property real cornerRadius: 6
 
     anchors.fill: parent
     anchors.margins: -3
-    radius: around + 3
+    radius: cornerRadius + 3
     color: "transparent"
     border.width: 2
     border.color: Theme.focusRing

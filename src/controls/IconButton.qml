@@ -1,21 +1,17 @@
-// A button that is one symbol; its label is what a screen reader says.
+// A symbol that can be pressed, with a name for those who do not see it.
 import QtQuick
-import Quillmere.Controls
+import Quillmere.Theme
 
 ButtonBase {
     id: button
 
-    property alias color: button.labelColor
+    required property string label
+    property real size: 16
+    property color color: Theme.label
 
-    symbolSize: 16
     padding: 4
-    horizontalPadding: 4
-    verticalPadding: 4
-    opacity: !enabled ? disabledOpacity : down ? 0.6 : 1
-
-    contentItem: SymbolIcon {
-        name: button.symbol
-        size: button.symbolSize
-        color: button.hovered ? Qt.lighter(button.labelColor, 1.25) : button.labelColor
-    }
+    accessibleName: label
+    symbolSize: size
+    labelColor: color
+    pressedOpacity: 0.7
 }

@@ -1,11 +1,13 @@
-// One text, shown letter for letter: nothing in it is taken for markup.
+// One text as it stands: never read as markup.
 import QtQuick
 import Quillmere.Theme
 
 Text {
-    textFormat: Text.PlainText
+    id: label
+
     color: Theme.textPrimary
     font: Theme.bodyFont
+    textFormat: Text.PlainText
     Accessible.role: Accessible.StaticText
     Accessible.name: text
 }

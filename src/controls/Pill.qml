@@ -1,6 +1,5 @@
-// One choice of a filter row. The arrow keys go from pill to pill.
+// One choice of a filter. Its owner says whether it is selected, and changes that when it is clicked.
 import QtQuick
-import Quillmere.Controls
 import Quillmere.Theme
 
 ButtonBase {
@@ -8,11 +7,12 @@ ButtonBase {
 
     property bool selected: false
 
+    horizontalPadding: 16
+    verticalPadding: 8
     font: Theme.system(12, Font.Medium)
-    fillColor: selected ? Theme.accent : hovered ? Theme.border : Theme.surface
+    labelColor: "white"
+    fillColor: selected ? Theme.accent : Theme.surface
     Accessible.role: Accessible.RadioButton
     Accessible.checkable: true
     Accessible.checked: selected
-    Keys.onLeftPressed: nextItemInFocusChain(false).forceActiveFocus(Qt.BacktabFocusReason)
-    Keys.onRightPressed: nextItemInFocusChain(true).forceActiveFocus(Qt.TabFocusReason)
 }

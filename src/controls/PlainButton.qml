@@ -1,9 +1,10 @@
-// A button without any chrome: a label, or whatever content it is given.
-import Quillmere.Controls
+// A button without a look of its own: its text, or whatever content item it is given, can be pressed.
+import QtQuick
 import Quillmere.Theme
 
 ButtonBase {
-    labelColor: hovered ? "white" : Theme.textSecondary
-    horizontalPadding: 0
-    verticalPadding: 0
+    font: Theme.system(13)
+    labelColor: Theme.label
+    hoverTint: "transparent"
+    pressedOpacity: 0.7
 }

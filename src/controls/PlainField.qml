@@ -1,46 +1,43 @@
-// A single-line text field without any chrome. Text shows as typed.
+// A line of text to type, without a frame of its own: other fields stand on it.
 import QtQuick
-import QtQuick.Templates as T
 import Quillmere.Controls
 import Quillmere.Theme
 
-T.TextField {
+TextInput {
     id: field
 
-    property string label
-    // Shown as dots, and unknown to screen readers.
+    // Its name for assistive programs.
+    required property string label
+    property string placeholderText
+    property color placeholderColor: Theme.textTertiary
+    // Shown as dots, and read out to nobody.
     property bool secret: false
 
-    implicitWidth: 200
-    implicitHeight: Math.ceil(metrics.height)
-    padding: 0
+    activeFocusOnTab: true
+    clip: true
+    color: Theme.textPrimary
     font: Theme.system(14)
-    color: "white"
-    placeholderTextColor: Theme.textTertiary
-    selectionColor: Color.faded(Color.blue, 0.6)
-    selectedTextColor: "white"
     selectByMouse: true
+    selectionColor: Theme.textSelection
+    selectedTextColor: "white"
     echoMode: secret ? TextInput.Password : TextInput.Normal
-    passwordCharacter: "•"
     verticalAlignment: TextInput.AlignVCenter
+    opacity: enabled ? 1 : 0.5
+
     Accessible.role: Accessible.EditableText
-    Accessible.name: label.length > 0 ? label : placeholderText
+    Accessible.name: label
+    Accessible.description: enabled ? placeholderText : qsTr("Unavailable")
     Accessible.passwordEdit: secret
-
-    FontMetrics {
-        id: metrics
-
-        font: field.font
-    }
 
     Label {
         anchors.fill: parent
-        visible: field.length === 0 && field.preeditText.length === 0
+        visible: field.text.length === 0 && field.preeditText.length === 0
         text: field.placeholderText
         font: field.font
-        color: field.placeholderTextColor
-        verticalAlignment: Text.AlignVCenter
+        color: field.placeholderColor
         elide: Text.ElideRight
+        horizontalAlignment: field.horizontalAlignment
+        verticalAlignment: field.verticalAlignment
         Accessible.ignored: true
     }
 

@@ -1,8 +1,12 @@
-// PrimaryButtonStyle: the one thing to do on a screen.
-import Quillmere.Controls
+// The button of what a screen is there for: black on white.
+import QtQuick
+import Quillmere.Theme
 
 ButtonBase {
+    horizontalPadding: 16
+    verticalPadding: 8
     labelColor: "black"
     fillColor: "white"
+    hoverTint: Color.faded("black", 0.08)
     pressedOpacity: 0.9
 }

@@ -1,4 +1,4 @@
-// A horizontal bar that is filled up to its value, from 0 to 1.
+// How far something has come, from 0 to 1.
 import QtQuick
 import Quillmere.Theme
 
@@ -6,20 +6,20 @@ Rectangle {
     id: bar
 
     required property real value
-    property color tint: Theme.accent
+    property color tint: Color.blue
+    // The ends of the scale, under the names by which assistive programs ask for them.
+    readonly property real minimumValue: 0
+    readonly property real maximumValue: 1
 
-    implicitWidth: 80
+    implicitWidth: 100
     implicitHeight: 6
     radius: height / 2
-    color: Color.faded("white", 0.1)
+    color: Theme.track
     Accessible.role: Accessible.ProgressBar
-    Accessible.name: Math.round(100 * value) + "%"
+    Accessible.name: qsTr("Progress")
 
     Rectangle {
-        readonly property real share: Math.max(0, Math.min(1, bar.value))
-
-        visible: share > 0
-        width: Math.max(bar.height, share * bar.width)
+        width: bar.width * Math.max(0, Math.min(bar.value, 1))
         height: bar.height
         radius: bar.radius
         color: bar.tint

@@ -1,4 +1,4 @@
-// The edges and corners by which the frameless window is resized.
+// The edges and corners by which a window without a frame is resized. They lie inside the window, over everything else.
 pragma ComponentBehavior: Bound
 
 import QtQuick
@@ -7,73 +7,36 @@ Item {
     id: edges
 
     required property Window window
-
-    // Points from the window's edge that count as the edge.
-    readonly property real grip: 5
+    readonly property list<int> all: [
+        Qt.TopEdge, Qt.BottomEdge, Qt.LeftEdge, Qt.RightEdge,
+        Qt.TopEdge | Qt.LeftEdge, Qt.TopEdge | Qt.RightEdge, Qt.BottomEdge | Qt.LeftEdge, Qt.BottomEdge | Qt.RightEdge
+    ]
 
     visible: window.visibility === Window.Windowed
+    z: 1000003
 
-    component Edge: MouseArea {
-        required property int side
+    Repeater {
+        model: edges.all
 
-        cursorShape: side === Qt.LeftEdge || side === Qt.RightEdge ? Qt.SizeHorCursor
-            : side === Qt.TopEdge || side === Qt.BottomEdge ? Qt.SizeVerCursor
-            : side === (Qt.TopEdge | Qt.LeftEdge) || side === (Qt.BottomEdge | Qt.RightEdge) ? Qt.SizeFDiagCursor
-            : Qt.SizeBDiagCursor
-        onPressed: edges.window.startSystemResize(side)
-    }
+        MouseArea {
+            id: area
 
-    Edge {
-        side: Qt.LeftEdge
-        width: edges.grip
-        height: parent.height
-    }
+            required property int modelData
+            readonly property bool atLeft: (modelData & Qt.LeftEdge) !== 0
+            readonly property bool atRight: (modelData & Qt.RightEdge) !== 0
+            readonly property bool atTop: (modelData & Qt.TopEdge) !== 0
+            readonly property bool atBottom: (modelData & Qt.BottomEdge) !== 0
+            readonly property bool isCorner: (atLeft || atRight) && (atTop || atBottom)
+            // Corners reach a little further in than edges.
+            readonly property real reach: isCorner ? 8 : 4
 
-    Edge {
-        side: Qt.RightEdge
-        anchors.right: parent.right
-        width: edges.grip
-        height: parent.height
-    }
-
-    Edge {
-        side: Qt.TopEdge
-        width: parent.width
-        height: edges.grip
-    }
-
-    Edge {
-        side: Qt.BottomEdge
-        anchors.bottom: parent.bottom
-        width: parent.width
-        height: edges.grip
-    }
-
-    Edge {
-        side: Qt.TopEdge | Qt.LeftEdge
-        width: 2 * edges.grip
-        height: width
-    }
-
-    Edge {
-        side: Qt.TopEdge | Qt.RightEdge
-        anchors.right: parent.right
-        width: 2 * edges.grip
-        height: width
-    }
-
-    Edge {
-        side: Qt.BottomEdge | Qt.LeftEdge
-        anchors.bottom: parent.bottom
-        width: 2 * edges.grip
-        height: width
-    }
-
-    Edge {
-        side: Qt.BottomEdge | Qt.RightEdge
-        anchors.right: parent.right
-        anchors.bottom: parent.bottom
-        width: 2 * edges.grip
-        height: width
+            x: atRight ? edges.width - reach : 0
+            y: atBottom ? edges.height - reach : 0
+            width: atLeft || atRight ? reach : edges.width
+            height: atTop || atBottom ? reach : edges.height
+            cursorShape: isCorner ? (atLeft === atTop ? Qt.SizeFDiagCursor : Qt.SizeBDiagCursor)
+                : atLeft || atRight ? Qt.SizeHorCursor : Qt.SizeVerCursor
+            onPressed: edges.window.startSystemResize(modelData)
+        }
     }
 }

@@ -1,20 +1,41 @@
-// The toolkit's field with a rounded border.
+// A field of the toolkit's framed look.
 import QtQuick
 import Quillmere.Controls
 import Quillmere.Theme
 
-PlainField {
-    id: field
+Rectangle {
+    id: box
 
-    font: Theme.system(13)
-    horizontalPadding: 8
-    verticalPadding: 6
-    implicitHeight: 28
+    property alias label: field.label
+    property alias placeholderText: field.placeholderText
+    property alias text: field.text
+    property alias font: field.font
+    property alias secret: field.secret
+    readonly property alias field: field
 
-    background: Rectangle {
-        radius: 6
-        color: Theme.controlBackground
-        border.width: 1
-        border.color: field.activeFocus ? Theme.focusRing : Theme.outline
+    signal textEdited
+    signal accepted
+
+    function clear() {
+        field.clear();
+    }
+
+    implicitWidth: 200
+    implicitHeight: field.implicitHeight + 12
+    radius: 6
+    color: Theme.controlBackground
+    border.width: field.activeFocus ? 2 : 1
+    border.color: field.activeFocus ? Theme.focusRing : Theme.outline
+
+    PlainField {
+        id: field
+
+        anchors.fill: parent
+        anchors.leftMargin: 8
+        anchors.rightMargin: 8
+        label: ""
+        font: Theme.system(13)
+        onTextEdited: box.textEdited()
+        onAccepted: box.accepted()
     }
 }

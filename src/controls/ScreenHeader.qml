@@ -1,4 +1,4 @@
-// The top row of a workspace screen: its name, what it is for, and what can be done there.
+// The head of a destination: what it is, and at its end what can be done there.
 import QtQuick
 import Quillmere.Controls
 import Quillmere.Theme
@@ -10,14 +10,16 @@ Item {
     required property string subtitle
     default property alias actions: actions.data
 
-    implicitHeight: Math.max(texts.implicitHeight, actions.implicitHeight) + 40
+    implicitHeight: Math.max(words.implicitHeight, actions.implicitHeight) + 40
 
     Column {
-        id: texts
+        id: words
 
-        x: 24
+        anchors.left: parent.left
+        anchors.leftMargin: 24
+        anchors.right: actions.left
+        anchors.rightMargin: 16
         anchors.verticalCenter: parent.verticalCenter
-        width: actions.x - 24 - 16
         spacing: 4
 
         Label {

@@ -1,4 +1,4 @@
-// A region that scrolls vertically, by wheel, touchpad, bar and keys.
+// A region whose content is higher than itself. Its owner tells the content's height.
 import QtQuick
 import QtQuick.Templates as T
 import Quillmere.Controls
@@ -6,23 +6,16 @@ import Quillmere.Controls
 Flickable {
     id: area
 
-    clip: true
+    // Pressing and dragging belongs to what stands in the region, the wheel and the bar scroll.
     interactive: false
     boundsBehavior: Flickable.StopAtBounds
+    clip: true
     contentWidth: width
+    activeFocusOnTab: bar.scrollable
+    Accessible.role: Accessible.Pane
+    Keys.onPressed: event => bar.scrollByKey(event)
 
-    Keys.onPressed: event => keys.handle(event)
-    T.ScrollBar.vertical: SlimScrollBar {}
-
-    WheelScroll {
-        id: wheel
-
-        view: area
-    }
-
-    ScrollKeys {
-        id: keys
-
-        wheel: wheel
+    T.ScrollBar.vertical: ListScroll {
+        id: bar
     }
 }

@@ -1,4 +1,4 @@
-// A search field with its magnifying glass. Escape empties it.
+// What is looked for. Escape empties it.
 import QtQuick
 import Quillmere.Controls
 import Quillmere.Theme
@@ -6,10 +6,10 @@ import Quillmere.Theme
 Rectangle {
     id: box
 
-    property real padding: 10
     property alias text: field.text
-    property alias placeholder: field.placeholderText
-    property alias label: field.label
+    property alias placeholderText: field.placeholderText
+    property alias font: field.font
+    property real padding: 10
 
     implicitWidth: 300
     implicitHeight: field.implicitHeight + 2 * padding
@@ -31,11 +31,11 @@ Rectangle {
     PlainField {
         id: field
 
-        anchors.left: glass.right
-        anchors.leftMargin: 12
-        anchors.right: parent.right
+        anchors.fill: parent
+        anchors.leftMargin: glass.x + glass.width + 12
         anchors.rightMargin: box.padding
-        anchors.verticalCenter: parent.verticalCenter
+        label: placeholderText
+        color: "white"
         Accessible.searchEdit: true
         Keys.onEscapePressed: event => {
             event.accepted = text.length > 0;

@@ -1,4 +1,7 @@
-// A modal sheet over the dimmed window. Escape closes the topmost one.
+// A panel over the dimmed window that takes all input until it is closed. Escape closes the topmost one. What stands in it is made
+// when it opens and gone when it has closed.
+pragma ComponentBehavior: Bound
+
 import QtQuick
 import QtQuick.Templates as T
 import Quillmere.Controls
@@ -7,21 +10,20 @@ import Quillmere.Theme
 T.Popup {
     id: sheet
 
-    property string title
-    // A mark of its own that closes it, for content that brings none.
+    // Its name for assistive programs.
+    required property string title
+    property Component content
+    property color fillColor: Theme.background
     property bool hasCloseMark: false
 
     parent: T.Overlay.overlay
-    x: Math.round((parent.width - width) / 2)
-    y: Math.round((parent.height - height) / 2)
-    padding: 1
+    anchors.centerIn: parent
+    implicitWidth: contentWidth
+    implicitHeight: contentHeight
     modal: true
+    dim: true
     focus: true
     closePolicy: T.Popup.CloseOnEscape
-
-    T.Overlay.modal: Rectangle {
-        color: Color.faded("black", 0.5)
-    }
 
     enter: Transition {
         NumberAnimation {
@@ -36,32 +38,43 @@ T.Popup {
     exit: Transition {
         NumberAnimation {
             property: "opacity"
-            from: 1
             to: 0
             duration: Motion.standard
             easing.type: Easing.InOutQuad
         }
     }
 
+    T.Overlay.modal: Scrim {}
+
     background: Rectangle {
         radius: 10
-        color: Theme.background
+        color: sheet.fillColor
         border.width: 1
         border.color: Theme.hairline
-        Accessible.role: Accessible.Dialog
-        Accessible.name: sheet.title
     }
 
-    IconButton {
-        z: 1
-        parent: sheet.contentItem
-        visible: sheet.hasCloseMark
-        anchors.right: parent.right
-        anchors.top: parent.top
-        anchors.margins: 16
-        symbol: "xmark"
-        color: Theme.textSecondary
-        label: qsTr("Close")
-        onClicked: sheet.close()
+    contentItem: FocusScope {
+        focus: true
+        Accessible.role: Accessible.Dialog
+        Accessible.name: sheet.title
+
+        Loader {
+            anchors.fill: parent
+            active: sheet.visible
+            focus: true
+            sourceComponent: sheet.content
+        }
+
+        IconButton {
+            anchors.top: parent.top
+            anchors.right: parent.right
+            anchors.margins: 12
+            visible: sheet.hasCloseMark
+            symbol: "xmark"
+            label: qsTr("Close")
+            size: 14
+            color: Theme.textSecondary
+            onClicked: sheet.close()
+        }
     }
 }

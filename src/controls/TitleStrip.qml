@@ -1,72 +1,36 @@
-// The top strip of the frameless window: it moves the window, and holds its marks at the right end.
+// The top strip of a window without a frame: it moves the window, a double click zooms it, and the marks stand at its end. It lies
+// over sheets and alerts, whose overlay has a z of a million and one.
 import QtQuick
 import Quillmere.Controls
-import Quillmere.Theme
 
 Item {
     id: strip
 
     required property Window window
-    readonly property bool isZoomed: window.visibility === Window.Maximized
 
-    function zoom() {
-        if (isZoomed) {
-            window.showNormal();
-        } else {
-            window.showMaximized();
-        }
-    }
+    implicitHeight: 40
+    z: 1000002
 
-    height: 40
-
-    // Not a drag handler: after a move by the system its release never comes, and the next press elsewhere would move on.
+    // A mouse area and no drag handler: after a system move the release of the button never arrives there.
     MouseArea {
-        property point pressedAt
+        id: area
+
+        property point start
 
         anchors.fill: parent
-        onPressed: mouse => pressedAt = Qt.point(mouse.x, mouse.y)
+        onPressed: mouse => start = Qt.point(mouse.x, mouse.y)
         onPositionChanged: mouse => {
-            if (pressed && Math.abs(mouse.x - pressedAt.x) + Math.abs(mouse.y - pressedAt.y) > 5) {
+            if (Math.abs(mouse.x - start.x) + Math.abs(mouse.y - start.y) > 5) {
                 strip.window.startSystemMove();
             }
         }
-        onDoubleClicked: strip.zoom()
+        onDoubleClicked: marks.zoom()
     }
 
-    Row {
+    WindowMarks {
+        id: marks
+
         anchors.right: parent.right
-        anchors.rightMargin: 10
-        anchors.verticalCenter: parent.verticalCenter
-        spacing: 4
-
-        WindowMark {
-            symbol: "minus"
-            label: qsTr("Minimise")
-            onClicked: strip.window.showMinimized()
-        }
-
-        WindowMark {
-            id: zoomMark
-
-            label: strip.isZoomed ? qsTr("Restore") : qsTr("Zoom")
-            onClicked: strip.zoom()
-
-            Rectangle {
-                anchors.centerIn: parent
-                width: 10
-                height: 10
-                radius: 2
-                color: "transparent"
-                border.width: 1.5
-                border.color: zoomMark.hovered ? "white" : Theme.textSecondary
-            }
-        }
-
-        WindowMark {
-            symbol: "xmark"
-            label: qsTr("Close")
-            closes: true
-            onClicked: strip.window.close()
-        }
+        window: strip.window
     }
 }

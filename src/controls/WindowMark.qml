@@ -1,4 +1,4 @@
-// One of the window's own marks.
+// One of the marks by which a window is minimised, zoomed and closed.
 import QtQuick
 import Quillmere.Controls
 import Quillmere.Theme
@@ -6,19 +6,24 @@ import Quillmere.Theme
 ButtonBase {
     id: mark
 
-    property bool closes: false
+    required property string label
 
-    implicitWidth: 28
-    implicitHeight: 28
-    padding: 0
-    radius: 14
-    fillColor: !hovered ? "transparent" : closes ? Theme.error : Theme.bordered
-    focusPolicy: Qt.TabFocus
+    implicitWidth: 40
+    implicitHeight: 40
+    focusPolicy: Qt.NoFocus
+    accessibleName: label
+    symbolSize: 12
+    labelColor: hovered ? "white" : Theme.textSecondary
+    fillColor: Color.faded("white", 0.06)
+    pressedOpacity: 0.7
 
-    contentItem: SymbolIcon {
-        name: mark.symbol
-        size: 11
-        bold: true
-        color: mark.hovered ? "white" : Theme.textSecondary
+    background: Item {
+        Rectangle {
+            anchors.centerIn: parent
+            width: 24
+            height: 24
+            radius: 12
+            color: mark.hovered ? Qt.tint(mark.fillColor, mark.hoverTint) : mark.fillColor
+        }
     }
 }

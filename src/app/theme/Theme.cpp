@@ -74,6 +74,11 @@ QColor Theme::focusRing()
     return Color::faded(Color::blue(), 0.8);
 }
 
+QColor Theme::textSelection()
+{
+    return Color::faded(Color::blue(), 0.45);
+}
+
 QFont Theme::titleFont()
 {
     return face(u"SpaceGrotesk-Light"_s, 24, QFont::Bold);

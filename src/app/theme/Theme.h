@@ -37,6 +37,10 @@ class Theme : public QObject {
     Q_PROPERTY(QColor hairline READ hairline CONSTANT) // edge of menus and popovers
     Q_PROPERTY(QColor ultraThinMaterial READ ultraThinMaterial CONSTANT)
     Q_PROPERTY(QColor focusRing READ focusRing CONSTANT)
+    Q_PROPERTY(QColor hovered READ hovered CONSTANT)             // laid over what the pointer is on
+    Q_PROPERTY(QColor track READ track CONSTANT)                 // what a bar or a switch moves along
+    Q_PROPERTY(QColor textSelection READ textSelection CONSTANT) // behind selected text
+    Q_PROPERTY(QColor scrim READ scrim CONSTANT)                 // over the window behind a sheet or an alert
 
     Q_PROPERTY(QFont titleFont READ titleFont CONSTANT)
     Q_PROPERTY(QFont headingFont READ headingFont CONSTANT)
@@ -68,6 +72,10 @@ public:
     static QColor hairline() { return QColor(255, 255, 255, 26); }
     static QColor ultraThinMaterial() { return QColor(255, 255, 255, 15); }
     static QColor focusRing();
+    static QColor hovered() { return QColor(255, 255, 255, 20); }
+    static QColor track() { return QColor(255, 255, 255, 38); }
+    static QColor textSelection();
+    static QColor scrim() { return QColor(0, 0, 0, 140); }
 
     static QFont titleFont();
     static QFont headingFont();
