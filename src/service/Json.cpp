@@ -51,10 +51,27 @@ template <typename T> std::optional<T> as(Value value)
     return value.document ? as<T>(elementOf(value)) : std::nullopt;
 }
 
-QString stringOf(std::string_view text)
-{
-    return QString::fromUtf8(text.data(), qsizetype(text.size()));
-}
+// Makes strings of a document's text, whose keys and short values come again and again: those still remembered share
+// one QString, which spares most of the allocations of a long list. The texts have to outlive this.
+class Strings {
+public:
+    QString operator()(std::string_view text)
+    {
+        if (text.empty() || text.size() > longestRemembered) {
+            return QString::fromUtf8(text.data(), qsizetype(text.size()));
+        }
+        auto &[known, string] = m_remembered[std::hash<std::string_view>()(text) % m_remembered.size()];
+        if (known != text) {
+            known = text;
+            string = QString::fromUtf8(text.data(), qsizetype(text.size()));
+        }
+        return string;
+    }
+
+private:
+    static constexpr std::size_t longestRemembered = 32;
+    std::array<std::pair<std::string_view, QString>, 256> m_remembered;
+};
 
 bool isDigit(char c)
 {
@@ -173,7 +190,7 @@ std::optional<qint64> wholeNumberOf(dom::element element)
     return qint64(number);
 }
 
-QVariant variantOf(dom::element element)
+QVariant variantOf(dom::element element, Strings &strings)
 {
     switch (element.type()) {
     case dom::element_type::BOOL:
@@ -186,12 +203,13 @@ QVariant variantOf(dom::element element)
         }
         return *as<double>(element);
     case dom::element_type::STRING:
-        return stringOf(*as<std::string_view>(element));
+        return strings(*as<std::string_view>(element));
     case dom::element_type::ARRAY: {
         const auto array = as<dom::array>(element);
         QVariantList list;
+        list.reserve(qsizetype(array->size()));
         for (const dom::element each : *array) {
-            list.append(variantOf(each));
+            list.append(variantOf(each, strings));
         }
         return list;
     }
@@ -199,7 +217,7 @@ QVariant variantOf(dom::element element)
         const auto object = as<dom::object>(element);
         QVariantMap map;
         for (const auto &[key, each] : *object) {
-            map.insert(stringOf(key), variantOf(each));
+            map.insert(strings(key), variantOf(each, strings));
         }
         return map;
     }
@@ -281,6 +299,7 @@ bool Mismatch::within(qsizetype place)
 
 struct Decoder::Parser {
     dom::parser parser;
+    Strings strings;
 };
 
 Decoder::Decoder(const QByteArray &bytes, KeyCoding keys) : Mismatch(keys), m_parser(std::make_unique<Parser>())
@@ -324,7 +343,7 @@ bool Decoder::read(Value value, qint64 &to)
 bool Decoder::read(Value value, QString &to)
 {
     if (const auto text = as<std::string_view>(value)) {
-        to = stringOf(*text);
+        to = m_parser->strings(*text);
         return true;
     }
     return mismatch(value, Texts::tr("is not a string"));
@@ -345,7 +364,7 @@ bool Decoder::read(Value value, AnyCodable &to)
     if (!value.document) {
         return mismatch(value, {});
     }
-    to.value = variantOf(elementOf(value));
+    to.value = variantOf(elementOf(value), m_parser->strings);
     return true;
 }
 
@@ -357,7 +376,7 @@ bool Decoder::read(Value value, QMap<QString, AnyCodable> &to)
     }
     to.clear();
     for (const auto &[key, each] : *object) {
-        to.insert(stringOf(key), AnyCodable{variantOf(each)});
+        to.insert(m_parser->strings(key), AnyCodable{variantOf(each, m_parser->strings)});
     }
     return true;
 }

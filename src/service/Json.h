@@ -15,6 +15,7 @@
 #include <QString>
 
 #include <array>
+#include <concepts>
 #include <memory>
 #include <optional>
 #include <span>

@@ -1,0 +1,159 @@
+// How long a long list of jobs takes from bytes to records, and back, beside what Qt's own parser takes in the same run:
+// for reading the same bytes, and for reading them and picking the same records out by hand without a look at any type.
+// Times differ from machine to machine, ratios hardly. The exit code is 1 when decoding takes more than three quarters of
+// the latter.
+
+#include "service/Json.h"
+#include "service/Records.h"
+
+#include <QElapsedTimer>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+
+#include <algorithm>
+#include <cstdio>
+#include <cstdlib>
+#include <vector>
+
+using namespace quillmere;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int jobs = 20000;
+constexpr int rounds = 9;
+constexpr double mostOfFloor = 0.75;
+
+// A job is about 500 bytes in either shape.
+enum class Shape { Flat, WithMaps };
+
+QByteArray listOfJobs(Shape shape)
+{
+    QByteArray json = "{\"data\":[";
+    for (int i = 0; i < jobs; ++i) {
+        const QByteArray number = QByteArray::number(i);
+        json += i == 0 ? "" : ",";
+        json += "{\"id\":\"ftjob-" + number + "\",\"name\":\"Support answers, attempt " + number
+            + "\",\"status\":\"failed\",\"progress\":" + QByteArray::number(i % 101) + ",";
+        if (shape == Shape::WithMaps) {
+            json += "\"config\":{\"base_model\":\"llama-3.1-8b-instruct\",\"learning_rate\":0.0002,\"num_epochs\":3,"
+                    "\"batch_size\":16,\"lora\":{\"rank\":8,\"alpha\":16,\"target_modules\":[\"q_proj\",\"k_proj\","
+                    "\"v_proj\",\"o_proj\"]},\"use_flash_attention\":true},\"metrics\":{\"loss\":0."
+                + QByteArray::number(8214375972747803 + i) + ",\"accuracy\":0.9130434782608695,\"steps\":" + number
+                + "},\"error_message\":null,";
+        } else {
+            json += "\"config\":null,\"metrics\":null,\"error_message\":\"The worker that held shard " + number
+                + " stopped answering while it wrote its checkpoint, and no other worker was free to take its place "
+                  "within the time allowed. Nothing of the run up to the last checkpoint is lost: start the job again "
+                  "to "
+                  "go on from there, or choose a smaller batch so that it fits on fewer workers.\",";
+        }
+        json += "\"started_at\":\"2026-05-01T12:00:05Z\",\"completed_at\":\"2026-05-01T14:30:00+02:00\","
+                "\"created_at\":\"2026-05-01T12:00:00Z\"}";
+    }
+    return json + "]}";
+}
+
+double millisecondsOf(auto &&work)
+{
+    QElapsedTimer timer;
+    timer.start();
+    work();
+    return double(timer.nsecsElapsed()) / 1e6;
+}
+
+double medianOf(std::vector<double> times)
+{
+    std::sort(times.begin(), times.end());
+    return times[times.size() / 2];
+}
+
+void check(bool condition, const char *what)
+{
+    if (!condition) {
+        std::fprintf(stderr, "%s\n", what);
+        std::exit(2);
+    }
+}
+
+std::optional<QMap<QString, AnyCodable>> pickMap(const QJsonValue &value)
+{
+    if (!value.isObject()) {
+        return {};
+    }
+    QMap<QString, AnyCodable> map;
+    const QJsonObject object = value.toObject();
+    for (auto each = object.begin(); each != object.end(); ++each) {
+        map.insert(each.key(), AnyCodable{each.value().toVariant()});
+    }
+    return map;
+}
+
+std::optional<QDateTime> pickDate(const QJsonValue &value)
+{
+    return value.isString() ? std::optional(QDateTime::fromString(value.toString(), Qt::ISODate)) : std::nullopt;
+}
+
+QList<FineTuneJob> pickJobs(const QJsonDocument &document)
+{
+    QList<FineTuneJob> picked;
+    for (const QJsonValue value : document[u"data"_s].toArray()) {
+        const QJsonObject job = value.toObject();
+        const QJsonValue error = job[u"error_message"_s];
+        picked.append({job[u"id"_s].toString(), job[u"name"_s].toString(), job[u"status"_s].toString(),
+            job[u"progress"_s].toInteger(), pickMap(job[u"config"_s]), pickMap(job[u"metrics"_s]),
+            error.isString() ? std::optional(error.toString()) : std::nullopt, pickDate(job[u"started_at"_s]),
+            pickDate(job[u"completed_at"_s]), *pickDate(job[u"created_at"_s])});
+    }
+    return picked;
+}
+
+// Prints the medians and returns what part of the floor decoding takes.
+double measure(const char *name, Shape shape)
+{
+    const QByteArray json = listOfJobs(shape);
+    std::vector<double> parsings;
+    std::vector<double> floors;
+    std::vector<double> decodings;
+    std::vector<double> encodings;
+    for (int round = 0; round < rounds; ++round) {
+        parsings.push_back(
+            millisecondsOf([&] { check(QJsonDocument::fromJson(json).isObject(), "The floor did not parse."); }));
+
+        QList<FineTuneJob> picked;
+        floors.push_back(millisecondsOf([&] { picked = pickJobs(QJsonDocument::fromJson(json)); }));
+        check(picked.size() == jobs, "The floor lacks jobs.");
+        picked.clear();
+
+        FineTuneJobsResponse response;
+        decodings.push_back(millisecondsOf([&] {
+            auto decoded = decode<FineTuneJobsResponse>(json, KeyCoding::SnakeCase);
+            check(decoded.succeeded(), "Decoding failed.");
+            response = *std::move(decoded);
+        }));
+        check(response.data.size() == jobs, "Jobs are missing.");
+
+        encodings.push_back(
+            millisecondsOf([&] { check(encode(response, KeyCoding::SnakeCase).succeeded(), "Encoding failed."); }));
+    }
+    const double floor = medianOf(floors);
+    const auto print = [floor](const char *what, double time) {
+        std::printf("  %-32s %7.1f ms  %.2f\n", what, time, time / floor);
+    };
+    std::printf("%s: %d jobs, %.1f MB, median of %d rounds\n", name, jobs, double(json.size()) / 1e6, rounds);
+    print("QJsonDocument::fromJson", medianOf(parsings));
+    print("QJsonDocument, fields picked out", floor);
+    print("decode into records", medianOf(decodings));
+    print("encode from records", medianOf(encodings));
+    return medianOf(decodings) / floor;
+}
+
+} // namespace
+
+int main()
+{
+    const double flat = measure("Jobs without maps", Shape::Flat);
+    const double withMaps = measure("Jobs with config and metrics", Shape::WithMaps);
+    return std::max(flat, withMaps) > mostOfFloor ? 1 : 0;
+}
