@@ -1,7 +1,6 @@
 // What a signed-in user sees: the sidebar and one destination.
 import QtQuick
 import Quillmere.App
-import Quillmere.Controls
 
 Rectangle {
     id: view

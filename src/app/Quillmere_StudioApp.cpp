@@ -53,6 +53,7 @@ int Quillmere_StudioApp::run(
         return 1;
     }
     connect(&instance, &SingleInstance::received, &studio, &Quillmere_StudioApp::receive);
+    instance.listen();
     if (argc > 1) {
         studio.receive(QString::fromLocal8Bit(argv[1]));
     }

@@ -1,6 +1,4 @@
 // What the window shows: the splash, then the login screen or the main window by the session alone.
-pragma ComponentBehavior: Bound
-
 import QtQuick
 import Quillmere.App
 import Quillmere.Identity
@@ -9,12 +7,12 @@ import Quillmere.Theme
 Item {
     id: view
 
-    readonly property bool showSplash: state_.showSplash
+    readonly property bool showSplash: root.showSplash
 
-    Component.onCompleted: state_.appear()
+    Component.onCompleted: root.appear()
 
     RootViewState {
-        id: state_
+        id: root
     }
 
     Loader {

@@ -10,7 +10,7 @@ namespace quillmere {
 
 // What RootView shows first: the splash for 2.5 s, whatever else happens, and never again. At its end the session is checked: a
 // stored token that is not empty counts as a session at once, and the user is fetched behind the screen that then shows.
-class RootViewState : public Observable {
+class RootViewState : public quillmere::Observable {
     Q_OBJECT
     QML_ELEMENT
 

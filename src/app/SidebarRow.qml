@@ -13,8 +13,9 @@ PlainButton {
     readonly property bool isSelected: selection !== SidebarItem.None && SidebarItem.rawValue(selection) === SidebarItem.rawValue(item)
     readonly property color tint: isSelected ? "white" : Theme.textSecondary
 
-    label: SidebarItem.title(item)
-    implicitHeight: content.implicitHeight + 16
+    text: SidebarItem.title(item)
+    horizontalPadding: 12
+    verticalPadding: 8
     Accessible.selectable: true
     Accessible.selected: isSelected
 
@@ -24,10 +25,6 @@ PlainButton {
     }
 
     contentItem: Row {
-        id: content
-
-        leftPadding: 12
-        rightPadding: 12
         spacing: 12
 
         SymbolIcon {
@@ -40,7 +37,7 @@ PlainButton {
 
         Label {
             anchors.verticalCenter: parent.verticalCenter
-            text: row.label
+            text: row.text
             font: Theme.system(14, row.isSelected ? Font.Medium : Font.Normal)
             color: row.tint
         }

@@ -16,7 +16,7 @@ namespace quillmere {
 
 // The session: whether somebody is signed in, and who. The window shows the login screen or the main window by
 // `isAuthenticated` alone. The tokens stand in the secret store only and are read from it at each use; screens never see them.
-class AuthManager : public Observable, public ServiceSession {
+class AuthManager : public quillmere::Observable, public ServiceSession {
     Q_OBJECT
     QML_ELEMENT
     QML_SINGLETON
@@ -29,7 +29,6 @@ public:
     static AuthManager &shared();
     static AuthManager *create(QQmlEngine *, QJSEngine *);
 
-    AuthManager();
     ~AuthManager() override;
 
     KeychainHelper &keychain = KeychainHelper::shared();
@@ -64,6 +63,10 @@ signals:
     void subscriptionChanged();
 
 private:
+    friend class Environment;
+    // Hidden, or QML would make an object of its own instead of asking create().
+    AuthManager();
+
     bool m_isAuthenticated = false;
     std::optional<UserProfile> m_currentUser;
     std::optional<SubscriptionInfo> m_subscription;

@@ -8,8 +8,8 @@ import Quillmere.Theme
 Column {
     id: setup
 
-    required property var imageData // qmllint disable
-    required property string secret
+    required property LoginViewModel viewModel
+    readonly property string secret: viewModel.totpSecret
 
     spacing: 8
 
@@ -30,7 +30,7 @@ Column {
             id: qrCode
 
             anchors.fill: parent
-            imageData: setup.imageData
+            imageData: setup.viewModel.qrCodeData
             visible: isImage
             Accessible.role: Accessible.Graphic
             Accessible.name: qsTr("QR code for your authenticator app")
@@ -85,7 +85,7 @@ Column {
         IconButton {
             anchors.verticalCenter: parent.verticalCenter
             symbol: "doc.on.doc"
-            symbolSize: 10
+            size: 10
             color: Color.gray
             label: qsTr("Copy the secret")
             onClicked: Pasteboard.setString(setup.secret)

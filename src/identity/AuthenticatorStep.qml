@@ -4,10 +4,12 @@ import Quillmere.Controls
 import Quillmere.Identity
 import Quillmere.Theme
 
-Column {
+LoginStepColumn {
     id: step
 
     required property LoginViewModel viewModel
+
+    initialFocus: field
 
     FormHeader {
         title: qsTr("Enter Code")
@@ -19,7 +21,7 @@ Column {
         spacing: 8
 
         PlainButton {
-            label: qsTr("← Back to Email")
+            text: qsTr("← Back to Email")
             font: Theme.system(12)
             onClicked: step.viewModel.loginStep = LoginViewModel.Email
         }
@@ -27,8 +29,7 @@ Column {
         AuthenticatorSetup {
             width: parent.width
             visible: step.viewModel.isNewUser
-            imageData: step.viewModel.qrCodeData
-            secret: step.viewModel.totpSecret
+            viewModel: step.viewModel
         }
 
         Label {
@@ -38,6 +39,8 @@ Column {
         }
 
         LoginField {
+            id: field
+
             width: parent.width
             label: qsTr("Authenticator Code")
             placeholder: "123456"
@@ -49,7 +52,7 @@ Column {
 
         SubmitButton {
             width: parent.width
-            label: step.viewModel.isNewUser ? qsTr("Verify & Create Account") : qsTr("Sign In")
+            text: step.viewModel.isNewUser ? qsTr("Verify & Create Account") : qsTr("Sign In")
             busy: step.viewModel.isLoading
             enabled: step.viewModel.isCodeLongEnough && !step.viewModel.isLoading
             onClicked: step.viewModel.submitCode()

@@ -43,17 +43,17 @@ Card {
             spacing: 8
 
             SecondaryButton {
-                label: qsTr("Cancel")
+                text: qsTr("Cancel")
                 onClicked: BrowserSession.cancel()
             }
 
             SecondaryButton {
-                label: qsTr("Open Again")
+                text: qsTr("Open Again")
                 onClicked: BrowserSession.openAgain()
             }
 
             SecondaryButton {
-                label: qsTr("Copy Link")
+                text: qsTr("Copy Link")
                 onClicked: BrowserSession.copyLink()
             }
         }

@@ -4,10 +4,12 @@ import Quillmere.Controls
 import Quillmere.Identity
 import Quillmere.Theme
 
-Column {
+LoginStepColumn {
     id: step
 
     required property LoginViewModel viewModel
+
+    initialFocus: field
 
     FormHeader {
         title: qsTr("Sign In")
@@ -25,6 +27,8 @@ Column {
         }
 
         LoginField {
+            id: field
+
             width: parent.width
             label: qsTr("Email")
             placeholder: qsTr("ada@example.org")
@@ -36,7 +40,7 @@ Column {
 
         SubmitButton {
             width: parent.width
-            label: qsTr("Continue")
+            text: qsTr("Continue")
             busy: step.viewModel.isLoading
             enabled: step.viewModel.isEmailValid && !step.viewModel.isLoading
             onClicked: step.viewModel.submitEmail()

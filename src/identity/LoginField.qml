@@ -3,7 +3,7 @@ import QtQuick
 import Quillmere.Controls
 import Quillmere.Theme
 
-Rectangle {
+FocusScope {
     id: field
 
     required property string label
@@ -15,10 +15,14 @@ Rectangle {
     signal accepted
 
     implicitHeight: input.implicitHeight + 28
-    radius: 8
-    color: Color.faded("white", 0.05)
-    border.width: 1
-    border.color: input.activeFocus ? Theme.focusRing : Theme.outline
+
+    Rectangle {
+        anchors.fill: parent
+        radius: 8
+        color: Color.faded("white", 0.05)
+        border.width: 1
+        border.color: input.activeFocus ? Theme.focusRing : Theme.outline
+    }
 
     PlainField {
         id: input
@@ -26,9 +30,10 @@ Rectangle {
         x: 14
         y: 14
         width: field.width - 28
+        focus: true
         label: field.label
         placeholderText: field.placeholder
-        onTextEdited: field.edited(text)
+        onTextEdited: field.edited(input.text)
         onAccepted: field.accepted()
     }
 }

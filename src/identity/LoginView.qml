@@ -13,7 +13,7 @@ Rectangle {
     implicitHeight: 600
 
     LoginViewModel {
-        id: viewModel
+        id: login
     }
 
     Rectangle {
@@ -87,16 +87,31 @@ Rectangle {
             width: 280
             spacing: 24
 
-            Loader {
+            Item {
                 width: parent.width
-                sourceComponent: viewModel.loginStep === LoginViewModel.Email ? emailStep : authenticatorStep
-                opacity: status === Loader.Ready ? 1 : 0
+                height: emailStep.isCurrent ? emailStep.height : authenticatorStep.height
+
+                EmailStep {
+                    id: emailStep
+
+                    width: parent.width
+                    viewModel: login
+                    isCurrent: login.loginStep === LoginViewModel.Email
+                }
+
+                AuthenticatorStep {
+                    id: authenticatorStep
+
+                    width: parent.width
+                    viewModel: login
+                    isCurrent: login.loginStep === LoginViewModel.Authenticator
+                }
             }
 
             FailureLine {
                 width: 280
-                visible: viewModel.hasErrorMessage
-                text: viewModel.errorMessage
+                visible: login.hasErrorMessage
+                text: login.errorMessage
             }
         }
 
@@ -105,22 +120,6 @@ Rectangle {
             anchors.bottom: parent.bottom
             anchors.bottomMargin: 32
             visible: BrowserSession.waiting
-        }
-    }
-
-    Component {
-        id: emailStep
-
-        EmailStep {
-            viewModel: viewModel
-        }
-    }
-
-    Component {
-        id: authenticatorStep
-
-        AuthenticatorStep {
-            viewModel: viewModel
         }
     }
 }

@@ -17,7 +17,7 @@ namespace quillmere {
 // authenticator, takes the time-based code, and names a page that the browser opens and that comes back through the program's
 // URL scheme with the tokens. The screen shows the published fields, sets the two that are typed and the step, and calls
 // submitEmail() and submitCode(). Tokens go to the secret store and are never a field.
-class LoginViewModel : public Observable {
+class LoginViewModel : public quillmere::Observable {
     Q_OBJECT
     QML_ELEMENT
 

@@ -3,6 +3,7 @@
 #include <QBuffer>
 #include <QImageReader>
 #include <QPainter>
+#include <QPainterPath>
 
 namespace quillmere {
 
@@ -32,6 +33,10 @@ void QrCode::setImageData(const QByteArray &data)
 
 void QrCode::paint(QPainter *painter)
 {
+    // The light margin of the code ends in the corners of the ground that it lies on.
+    QPainterPath ground;
+    ground.addRoundedRect(boundingRect(), 8, 8);
+    painter->setClipPath(ground);
     painter->setRenderHint(QPainter::SmoothPixmapTransform, false);
     painter->drawImage(boundingRect(), m_image);
 }

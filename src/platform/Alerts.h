@@ -46,6 +46,10 @@ signals:
     void changed();
 
 private:
+    friend class Environment;
+    // Hidden, or QML would make an object of its own instead of asking create().
+    Alerts() = default;
+
     struct Alert {
         QString title;
         QString text;

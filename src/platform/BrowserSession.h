@@ -49,6 +49,7 @@ public:
 
     // Ends the waiting session if `text` is a URL of its scheme; says whether it did. Anything else changes nothing.
     Q_INVOKABLE bool deliver(const QString &text);
+    // These concern the waiting session; without one they do nothing.
     Q_INVOKABLE void cancel();
     Q_INVOKABLE void openAgain();
     Q_INVOKABLE void copyLink();
@@ -58,6 +59,9 @@ signals:
     void openedChanged();
 
 private:
+    friend class Environment;
+    // Hidden, or QML would make an object of its own instead of asking create().
+    BrowserSession() = default;
     void finish(const BrowserOutcome &outcome);
 
     std::shared_ptr<QPromise<BrowserOutcome>> m_waiting;

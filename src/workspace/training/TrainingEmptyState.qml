@@ -8,7 +8,7 @@ EmptyState {
     symbol: "terminal"
     title: qsTr("No Training Jobs")
     text: qsTr("Start fine-tuning a model with your dataset")
-    buttonSymbol: "sparkles"
-    buttonLabel: qsTr("Start Training")
+    buttonIcon: "sparkles"
+    buttonText: qsTr("Start Training")
     onButtonClicked: startTraining()
 }

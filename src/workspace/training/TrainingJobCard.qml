@@ -17,16 +17,10 @@ Card {
     signal cancel
     signal viewDetails
 
-    readonly property bool isHovered: hover.hovered
-
     implicitHeight: content.implicitHeight
-    strokeColor: isHovered ? Color.faded(statusColor, 0.5) : Theme.border
+    hoverStrokeColor: Color.faded(statusColor, 0.5)
     Accessible.role: Accessible.ListItem
     Accessible.name: name
-
-    HoverHandler {
-        id: hover
-    }
 
     Column {
         id: content
@@ -138,17 +132,26 @@ Card {
             width: parent.width
         }
 
-        Rectangle {
+        Item {
             visible: card.isRunning
-            width: parent.width - 2
-            x: 1
+            width: parent.width
             height: metrics.implicitHeight + 24
-            color: Color.faded("black", 0.3)
+            // Cuts off all of the rounded shade but its lower corners.
+            clip: true
+
+            Rectangle {
+                x: 1
+                y: -card.radius
+                width: parent.width - 2
+                height: parent.height + card.radius - 1
+                radius: card.radius - 1
+                color: Color.faded("black", 0.3)
+            }
 
             Row {
                 id: metrics
 
-                x: 19
+                x: 20
                 y: 12
                 spacing: 24
 

@@ -28,7 +28,7 @@ Rectangle {
 
         PrimaryButton {
             symbol: "plus"
-            label: qsTr("New Training")
+            text: qsTr("New Training")
             onClicked: view.showNewTrainingSheet = true
         }
     }
@@ -68,13 +68,12 @@ Rectangle {
         }
     }
 
-    Row {
+    PillRow {
         id: filters
 
         anchors.top: stats.bottom
         anchors.topMargin: 20
         x: 24
-        spacing: 8
 
         Repeater {
             model: [TrainingVocabulary.All, TrainingVocabulary.Running, TrainingVocabulary.Completed, TrainingVocabulary.Failed]
@@ -82,7 +81,7 @@ Rectangle {
             Pill {
                 required property int modelData
 
-                label: viewModel.filterTitle(modelData)
+                text: viewModel.filterTitle(modelData)
                 selected: viewModel.selectedFilter === modelData
                 onClicked: viewModel.selectedFilter = modelData
             }
@@ -112,7 +111,7 @@ Rectangle {
             anchors.fill: parent
             visible: !viewModel.isLoading && viewModel.hasFilteredJobs
             model: viewModel.filteredJobs
-            label: qsTr("Training jobs")
+            accessibleName: qsTr("Training jobs")
 
             delegate: TrainingJobCard {
                 id: job
@@ -126,8 +125,8 @@ Rectangle {
 
     Sheet {
         visible: view.showNewTrainingSheet
-        width: 900
-        height: 700
+        contentWidth: 900
+        contentHeight: 700
         hasCloseMark: true
         title: qsTr("New Training")
         onClosed: view.showNewTrainingSheet = false

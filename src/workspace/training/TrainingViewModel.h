@@ -32,7 +32,7 @@ bool passes(JobStatusFilter filter, const QString &status);
 // The user's fine-tuning jobs: loaded from the service, or three samples where nobody is signed in or the service fails;
 // counted, filtered, and a running one canceled. The screen shows the counts and the filtered list, in the order received; it
 // never shows `errorMessage`, which keeps the text of the last failure.
-class TrainingViewModel : public Observable {
+class TrainingViewModel : public quillmere::Observable {
     Q_OBJECT
     QML_ELEMENT
 
