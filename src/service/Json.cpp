@@ -147,13 +147,12 @@ QByteArray withExponentsOnWideIntegers(const QByteArray &bytes)
         }
         const auto token = QByteArray::fromRawData(bytes.constData() + start, i - start);
         rewritten += token;
+        // Within a string a token is a character or an escape, too short to count.
         constexpr qsizetype widestSafe = 18; // digits
-        if (!inString && token.size() > widestSafe && std::all_of(token.cbegin() + 1, token.cend(), isDigit)) {
-            bool isSigned = false;
-            bool isUnsigned = false;
-            token.toLongLong(&isSigned);
-            token.toULongLong(&isUnsigned);
-            if (!isSigned && !isUnsigned) {
+        if (token.size() > widestSafe && std::all_of(token.cbegin() + 1, token.cend(), isDigit)) {
+            bool fits = false;
+            token.toLongLong(&fits);
+            if (!fits) {
                 rewritten += "e0";
             }
         }
@@ -455,8 +454,7 @@ bool Encoder::write(const QString &value, QJsonValue &to)
 bool Encoder::write(const QDateTime &value, QJsonValue &to)
 {
     // Outside the years 1 to 9999 there is no four-digit form, and the text comes out empty.
-    const QDateTime inUtc = value.toUTC();
-    const QString text = inUtc.date().year() > 0 ? inUtc.toString(Qt::ISODate) : QString();
+    const QString text = value.toUTC().toString(Qt::ISODate);
     if (text.isEmpty()) {
         return fail(Texts::tr("is not a date of the years 1 to 9999"));
     }
