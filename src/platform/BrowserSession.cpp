@@ -60,6 +60,9 @@ void BrowserSession::cancel()
 
 void BrowserSession::openAgain()
 {
+    if (!isWaiting()) {
+        return;
+    }
     const bool opened = Environment::current().urlOpener->open(m_url);
     if (std::exchange(m_opened, opened) != opened) {
         emit openedChanged();
@@ -68,7 +71,9 @@ void BrowserSession::openAgain()
 
 void BrowserSession::copyLink()
 {
-    Pasteboard::setString(m_url.toString(QUrl::FullyEncoded));
+    if (isWaiting()) {
+        Pasteboard::setString(m_url.toString(QUrl::FullyEncoded));
+    }
 }
 
 void BrowserSession::finish(const BrowserOutcome &outcome)

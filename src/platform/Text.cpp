@@ -7,11 +7,9 @@
 
 #include <algorithm>
 #include <array>
-#include <clocale>
+#include <charconv>
 #include <cmath>
-#include <cstdio>
 #include <cstdlib>
-#include <limits>
 
 using namespace Qt::StringLiterals;
 
@@ -120,13 +118,11 @@ QString byteCount(qint64 bytes)
 
 QString fixed(double value, int decimals)
 {
-    // 309 digits before the point, the decimals, sign, point and the closing zero.
+    // 309 digits before the point, the decimals, sign and point.
     std::array<char, 512> buffer{};
-    const int length = std::snprintf(buffer.data(), buffer.size(), "%.*f", std::clamp(decimals, 0, 100), value);
-    QString text = QString::fromLatin1(buffer.data(), length);
-    // snprintf follows the process's locale, and QCoreApplication sets that from the user's.
-    text.replace(QString::fromUtf8(std::localeconv()->decimal_point), u"."_s);
-    return text;
+    const auto end = std::to_chars(
+        buffer.data(), buffer.data() + buffer.size(), value, std::chars_format::fixed, std::clamp(decimals, 0, 100));
+    return QString::fromLatin1(buffer.data(), end.ptr - buffer.data());
 }
 
 QString date(const QDateTime &when)
