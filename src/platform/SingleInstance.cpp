@@ -39,6 +39,7 @@ bool SingleInstance::claim(const QString &message)
     const QDeadlineTimer deadline(10'000);
     do {
         if (m_lock.tryLock()) {
+            QFile::setPermissions(m_lock.fileName(), QFile::ReadOwner | QFile::WriteOwner);
             return true;
         }
         if (handOver(message.toUtf8().left(longestMessage), deadline) == HandOver::Done) {
