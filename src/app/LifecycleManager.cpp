@@ -2,6 +2,8 @@
 
 namespace quillmere {
 
-void LifecycleManager::checkLaunchLocation() { }
+void LifecycleManager::checkLaunchLocation()
+{
+}
 
 } // namespace quillmere

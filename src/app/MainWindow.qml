@@ -2,6 +2,7 @@
 import QtQuick
 import Quillmere.App
 import Quillmere.Controls
+import Quillmere.Platform
 import Quillmere.Theme
 
 Window {
@@ -18,6 +19,14 @@ Window {
 
     RootView {
         anchors.fill: parent
+    }
+
+    AlertPanel {
+        visible: Alerts.isUp
+        title: Alerts.title
+        text: Alerts.text
+        buttons: Alerts.buttons
+        onAnswered: index => Alerts.answer(index)
     }
 
     TitleStrip {

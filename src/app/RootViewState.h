@@ -17,10 +17,10 @@ class RootViewState : public quillmere::Observable {
     Q_PROPERTY(bool showSplash READ showSplash NOTIFY showSplashChanged)
 
 public:
-    static constexpr std::chrono::milliseconds splashTime {2500};
+    static constexpr std::chrono::milliseconds splashTime{2500};
     // A keyring that is slower than this, since it asks for its password say, does not keep the splash on screen; its token
     // signs in when it comes.
-    static constexpr std::chrono::milliseconds storePatience {250};
+    static constexpr std::chrono::milliseconds storePatience{250};
 
     using Observable::Observable;
 

@@ -23,8 +23,9 @@ struct Destination {
 
 constexpr auto notBuiltYet = "App/NotBuiltYet.qml";
 
-constexpr std::array<Destination, SidebarItem::count> destinations {{
-    {SidebarItem::Dashboard, "dashboard", QT_TRANSLATE_NOOP("SidebarItem", "Dashboard"), "house", Group::Main, notBuiltYet},
+constexpr std::array<Destination, SidebarItem::count> destinations{{
+    {SidebarItem::Dashboard, "dashboard", QT_TRANSLATE_NOOP("SidebarItem", "Dashboard"), "house", Group::Main,
+        notBuiltYet},
     {SidebarItem::Projects, "projects", QT_TRANSLATE_NOOP("SidebarItem", "Projects"), "square.stack.3d.up", Group::Main,
         notBuiltYet},
     {SidebarItem::Datasets, "datasets", QT_TRANSLATE_NOOP("SidebarItem", "Datasets"), "cylinder.split.1x2", Group::Main,
@@ -32,13 +33,14 @@ constexpr std::array<Destination, SidebarItem::count> destinations {{
     {SidebarItem::Models, "models", QT_TRANSLATE_NOOP("SidebarItem", "Models"), "cpu", Group::Main, notBuiltYet},
     {SidebarItem::Training, "training", QT_TRANSLATE_NOOP("SidebarItem", "Training"), "terminal", Group::Main,
         "Workspace/TrainingView.qml"},
-    {SidebarItem::Analytics, "analytics", QT_TRANSLATE_NOOP("SidebarItem", "Analytics"), "chart.xyaxis.line", Group::Main,
-        notBuiltYet},
+    {SidebarItem::Analytics, "analytics", QT_TRANSLATE_NOOP("SidebarItem", "Analytics"), "chart.xyaxis.line",
+        Group::Main, notBuiltYet},
     {SidebarItem::Settings, "settings", QT_TRANSLATE_NOOP("SidebarItem", "Settings"), "gearshape", Group::System,
         notBuiltYet},
-    {SidebarItem::Documentation, "documentation", QT_TRANSLATE_NOOP("SidebarItem", "Documentation"), "book", Group::None,
+    {SidebarItem::Documentation, "documentation", QT_TRANSLATE_NOOP("SidebarItem", "Documentation"), "book",
+        Group::None, notBuiltYet},
+    {SidebarItem::FineTune, "fineTune", QT_TRANSLATE_NOOP("SidebarItem", "Fine-Tune"), "bolt", Group::None,
         notBuiltYet},
-    {SidebarItem::FineTune, "fineTune", QT_TRANSLATE_NOOP("SidebarItem", "Fine-Tune"), "bolt", Group::None, notBuiltYet},
     {SidebarItem::Chat, "chat", QT_TRANSLATE_NOOP("SidebarItem", "Chat"), "bubble.left", Group::None, notBuiltYet},
     {SidebarItem::Deployment, "deployment", QT_TRANSLATE_NOOP("SidebarItem", "Deployment"), "paperplane", Group::None,
         notBuiltYet},

@@ -9,6 +9,8 @@ UpdateManager &UpdateManager::shared()
     return Environment::current().shared<UpdateManager>();
 }
 
-void UpdateManager::checkForUpdates() { }
+void UpdateManager::checkForUpdates()
+{
+}
 
 } // namespace quillmere

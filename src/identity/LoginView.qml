@@ -108,18 +108,16 @@ Rectangle {
                 }
             }
 
+            BrowserPanel {
+                anchors.horizontalCenter: parent.horizontalCenter
+                visible: BrowserSession.waiting
+            }
+
             FailureLine {
                 width: 280
                 visible: login.hasErrorMessage
                 text: login.errorMessage
             }
-        }
-
-        BrowserPanel {
-            anchors.horizontalCenter: parent.horizontalCenter
-            anchors.bottom: parent.bottom
-            anchors.bottomMargin: 32
-            visible: BrowserSession.waiting
         }
     }
 }
