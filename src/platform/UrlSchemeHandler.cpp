@@ -4,6 +4,7 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QProcess>
+#include <QRegularExpression>
 #include <QSaveFile>
 #include <QStandardPaths>
 
@@ -20,6 +21,20 @@ bool isPackaged(const QString &entryName, const QString &ownFolder)
     const QStringList folders = QStandardPaths::standardLocations(QStandardPaths::ApplicationsLocation);
     return std::any_of(folders.cbegin(), folders.cend(),
         [&](const QString &folder) { return folder != ownFolder && QFile::exists(folder + u'/' + entryName); });
+}
+
+// A path as one word of an entry's Exec (Desktop Entry Specification, "The Exec key"), which is a text value besides and so
+// has its backslashes doubled.
+QString execWord(QString path)
+{
+    path.replace(u'%', u"%%"_s);
+    static const QRegularExpression reserved(uR"([\s"'\\><~|&;$*?#()`])"_s);
+    if (!path.contains(reserved)) {
+        return path;
+    }
+    static const QRegularExpression escaped(uR"((["`$\\]))"_s);
+    path.replace(escaped, uR"(\\1)"_s).replace(u'\\', uR"(\\)"_s);
+    return u'"' + path + u'"';
 }
 
 bool linkTo(const QString &program, const QString &link)
@@ -58,7 +73,7 @@ bool installUrlSchemeHandler(const QString &scheme, const QString &program)
                           "Name=Quillmere Studio\n"
                           "Exec=%1 %u\n"
                           "NoDisplay=true\n"
-                          "MimeType=x-scheme-handler/%2;\n"_s.arg(link, scheme);
+                          "MimeType=x-scheme-handler/%2;\n"_s.arg(execWord(link), scheme);
     const QString path = folder + u'/' + entryName;
     if (!linkTo(program, link)) {
         return false;
