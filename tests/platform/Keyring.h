@@ -1,0 +1,18 @@
+#pragma once
+
+#include <string>
+
+// The session's Secret Service as another program uses it: through libsecret, without a schema. Stands apart from Qt, whose
+// keywords libsecret's headers do not bear.
+namespace keyring {
+
+// Stores an item whose one attribute is "account"; any bytes will do.
+bool stores(const std::string &account, const std::string &bytes);
+// How many items have that attribute.
+int itemCount(const std::string &account);
+// The label of one of them.
+std::string label(const std::string &account);
+// Locks the default collection.
+bool locks();
+
+} // namespace keyring
