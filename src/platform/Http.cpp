@@ -35,8 +35,7 @@ Failure transportFailure(const QString &text)
 // be rewound; this one cannot, so that one click stays one request.
 class OneWayBody : public QIODevice {
 public:
-    explicit OneWayBody(QList<QByteArray> pieces) :
-        m_pieces(std::move(pieces))
+    explicit OneWayBody(QList<QByteArray> pieces) : m_pieces(std::move(pieces))
     {
         for (const QByteArray &piece : std::as_const(m_pieces)) {
             m_left += piece.size();
@@ -81,7 +80,8 @@ private:
 // Whether the library reports more than the status says anyway: it has an error of its own for every status from 400 up.
 bool isFailure(QNetworkReply::NetworkError error, int status)
 {
-    if (error == QNetworkReply::NoError || (error == QNetworkReply::ProxyAuthenticationRequiredError && status == 407)) {
+    if (error == QNetworkReply::NoError
+        || (error == QNetworkReply::ProxyAuthenticationRequiredError && status == 407)) {
         return false;
     }
     return status < 400 || error <= QNetworkReply::UnknownProxyError; // up to there lie the errors of the connection
@@ -176,7 +176,7 @@ private:
         if (chunked && m_received.isEmpty() && status >= 200 && status < 300) {
             return transportFailure(tr("The reply's body could not be read."));
         }
-        return HttpResponse {status, std::move(m_received)};
+        return HttpResponse{status, std::move(m_received)};
     }
 
     void watchSilence()
@@ -223,7 +223,7 @@ private:
     QNetworkReply *m_reply;
     QByteArray m_received;
     std::optional<QString> m_failure;
-    std::chrono::milliseconds m_lastByte {0};
+    std::chrono::milliseconds m_lastByte{0};
     Clock::Timer m_silence = 0;
     Clock::Timer m_deadline = 0;
     std::coroutine_handle<> m_waiter;
@@ -265,7 +265,8 @@ QCoro::Task<Result<HttpResponse>> HttpSession::send(HttpRequest request)
         if (!redirected || location.isEmpty()) {
             co_return outcome;
         }
-        const auto target = parseWebUrl(request.url.resolved(QUrl(QString::fromUtf8(location))).toString(QUrl::FullyEncoded));
+        const auto target =
+            parseWebUrl(request.url.resolved(QUrl(QString::fromUtf8(location))).toString(QUrl::FullyEncoded));
         if (!target || (request.url.scheme() == u"https"_s && target->scheme() == u"http"_s)) {
             co_return outcome;
         }

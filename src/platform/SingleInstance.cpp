@@ -26,8 +26,8 @@ QString runtimePath(const QString &file)
 
 } // namespace
 
-SingleInstance::SingleInstance(const QString &name) :
-    m_socketPath(runtimePath(name + u".socket"_s)), m_lock(runtimePath(name + u".lock"_s))
+SingleInstance::SingleInstance(const QString &name)
+    : m_socketPath(runtimePath(name + u".socket"_s)), m_lock(runtimePath(name + u".lock"_s))
 {
     m_lock.setStaleLockTime(0); // a lock is stale when its process is gone, not when it is old
     m_server.setSocketOptions(QLocalServer::UserAccessOption);

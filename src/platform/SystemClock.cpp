@@ -25,7 +25,7 @@ Clock::Timer SystemClock::schedule(std::chrono::milliseconds delay, std::functio
 {
     const int id = startTimer(std::max(delay, std::chrono::milliseconds(0)), Qt::PreciseTimer);
     const Timer timer = ++m_last;
-    m_actions.emplace(id, Action {timer, std::move(action)});
+    m_actions.emplace(id, Action{timer, std::move(action)});
     return timer;
 }
 

@@ -58,9 +58,9 @@ std::string label(const std::string &account)
 bool locks()
 {
     SecretService *service = secret_service_get_sync(SECRET_SERVICE_NONE, nullptr, nullptr);
-    SecretCollection *collection = service ? secret_collection_for_alias_sync(service, SECRET_COLLECTION_DEFAULT,
-                                                 SECRET_COLLECTION_NONE, nullptr, nullptr)
-                                           : nullptr;
+    SecretCollection *collection = service
+        ? secret_collection_for_alias_sync(service, SECRET_COLLECTION_DEFAULT, SECRET_COLLECTION_NONE, nullptr, nullptr)
+        : nullptr;
     if (!collection) {
         return false;
     }

@@ -40,7 +40,9 @@ private:
     std::shared_ptr<Waiting> authenticate(const QUrl &url = signIn)
     {
         auto waiting = std::make_shared<Waiting>();
-        session().authenticate(url, scheme).then([waiting](const BrowserOutcome &outcome) { waiting->outcome = outcome; });
+        session().authenticate(url, scheme).then([waiting](const BrowserOutcome &outcome) {
+            waiting->outcome = outcome;
+        });
         return waiting;
     }
 

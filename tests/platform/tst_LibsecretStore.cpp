@@ -149,7 +149,10 @@ private:
 // This program in another mode, in surroundings of its own.
 class Child {
 public:
-    Child(const QString &mode, const QString &busAddress) { start({QCoreApplication::applicationFilePath(), mode}, busAddress); }
+    Child(const QString &mode, const QString &busAddress)
+    {
+        start({QCoreApplication::applicationFilePath(), mode}, busAddress);
+    }
     // With an unlocked keyring of its own.
     explicit Child(const QString &mode)
     {
@@ -203,7 +206,7 @@ private:
     QByteArray m_said;
 };
 
-const QByteArrayList absentAndPrompt {
+const QByteArrayList absentAndPrompt{
     "read: absent", "event loop: free", "before the end: answered", "end: prompt", "after the end: absent"};
 
 } // namespace
@@ -222,7 +225,8 @@ private slots:
     {
         m_store = std::make_unique<LibsecretStore>();
         // An account of its own for each test, so that they do not meet in the one keyring.
-        m_account = QString::fromLatin1(QTest::currentTestFunction()) + u'/' + QString::fromUtf8(QTest::currentDataTag());
+        m_account =
+            QString::fromLatin1(QTest::currentTestFunction()) + u'/' + QString::fromUtf8(QTest::currentDataTag());
     }
     void cleanup()
     {
@@ -356,7 +360,7 @@ private slots:
 
     void aLockedKeyringIsAbsent()
     {
-        QCOMPARE(Child(u"--locked"_s).lines(), QByteArrayList {"locked: yes"} + absentAndPrompt);
+        QCOMPARE(Child(u"--locked"_s).lines(), QByteArrayList{"locked: yes"} + absentAndPrompt);
     }
 
     void aServiceThatNeverAnswersHoldsUpNobody()

@@ -20,7 +20,10 @@ private:
 
     static MainQueue &queue() { return MainQueue::shared(); }
     void post(const QString &name) { queue().async(m_context.get(), note(name)); }
-    void after(std::chrono::milliseconds delay, const QString &name) { queue().asyncAfter(delay, m_context.get(), note(name)); }
+    void after(std::chrono::milliseconds delay, const QString &name)
+    {
+        queue().asyncAfter(delay, m_context.get(), note(name));
+    }
     std::function<void()> note(const QString &name)
     {
         return [this, name] { m_ran.append(name); };

@@ -19,8 +19,8 @@ struct Fruit {
 
     static constexpr auto fields()
     {
-        return std::tuple {Field {"id", &Fruit::id}, Field {"name", &Fruit::name}, Field {"weight", &Fruit::weight},
-            Field {"label", &Fruit::label}};
+        return std::tuple{Field{"id", &Fruit::id}, Field{"name", &Fruit::name}, Field{"weight", &Fruit::weight},
+            Field{"label", &Fruit::label}};
     }
 };
 
@@ -45,13 +45,13 @@ public:
         connect(this, &QAbstractItemModel::rowsInserted, this, [this](const QModelIndex &, int first, int last) {
             told.append(u"inserted %1-%2"_s.arg(first).arg(last));
         });
-        connect(this, &QAbstractItemModel::rowsRemoved, this, [this](const QModelIndex &, int first, int last) {
-            told.append(u"removed %1-%2"_s.arg(first).arg(last));
-        });
+        connect(this, &QAbstractItemModel::rowsRemoved, this,
+            [this](const QModelIndex &, int first, int last) { told.append(u"removed %1-%2"_s.arg(first).arg(last)); });
         connect(this, &QAbstractItemModel::modelReset, this, [this] { told.append(u"reset"_s); });
-        connect(this, &QAbstractItemModel::dataChanged, this, [this](const QModelIndex &first, const QModelIndex &last) {
-            told.append(u"changed %1-%2"_s.arg(first.row()).arg(last.row()));
-        });
+        connect(
+            this, &QAbstractItemModel::dataChanged, this, [this](const QModelIndex &first, const QModelIndex &last) {
+                told.append(u"changed %1-%2"_s.arg(first.row()).arg(last.row()));
+            });
     }
 
     QString names() const
@@ -74,7 +74,8 @@ private slots:
     void namesItsRolesAfterTheFields()
     {
         const QHash<int, QByteArray> roles = FruitModel().roleNames();
-        QCOMPARE(QSet<QByteArray>(roles.cbegin(), roles.cend()), QSet<QByteArray>({"identifier", "name", "weight", "label"}));
+        QCOMPARE(QSet<QByteArray>(roles.cbegin(), roles.cend()),
+            QSet<QByteArray>({"identifier", "name", "weight", "label"}));
         for (auto role = roles.keyBegin(); role != roles.keyEnd(); ++role) {
             QVERIFY(*role >= Qt::UserRole);
         }
@@ -193,7 +194,7 @@ private slots:
     void anyChangeLeavesTheModelRight()
     {
         // All lists of up to four out of four records, one after the other, with a tester that looks at every step.
-        QStringList lists {QString()};
+        QStringList lists{QString()};
         for (qsizetype i = 0; i < lists.size(); ++i) {
             for (const QChar letter : u"abcd"_s) {
                 if (lists[i].size() < 8 && !lists[i].contains(letter)) {

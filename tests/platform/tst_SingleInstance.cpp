@@ -189,7 +189,8 @@ private slots:
         instance.listen();
         QSignalSpy received(&instance, &SingleInstance::received);
         // Within one process, since a command line has its own limit.
-        const std::unique_ptr<QThread> thread(QThread::create([] { SingleInstance(name).claim(QString(3'000'000, u'x')); }));
+        const std::unique_ptr<QThread> thread(
+            QThread::create([] { SingleInstance(name).claim(QString(3'000'000, u'x')); }));
         thread->start();
         QVERIFY(received.wait(15'000));
         QCOMPARE(received.constFirst().constFirst().toString(), QString(1 << 20, u'x'));
@@ -258,7 +259,8 @@ private slots:
         Instance second(u"quit"_s);
         QVERIFY(second.handsOver());
         QVERIFY(first.ends());
-        QCOMPARE(QDir(m_runtime->path()).entryList(QDir::AllEntries | QDir::NoDotAndDotDot | QDir::System | QDir::Hidden),
+        QCOMPARE(
+            QDir(m_runtime->path()).entryList(QDir::AllEntries | QDir::NoDotAndDotDot | QDir::System | QDir::Hidden),
             QStringList());
     }
 
@@ -287,7 +289,9 @@ private slots:
         QTest::newRow("a length beyond all measure") << QByteArray("\xff\xff\xff\xff") + QByteArray(100, 'x');
         QTest::newRow("a length just too large") << QByteArray("\x00\x10\x00\x01", 4) + QByteArray(100, 'x');
         QTest::newRow("half a length") << QByteArray("\x00\x00", 2);
-        QTest::newRow("less than promised") << QByteArray("\x00\x00\x00\x05" "ab", 6);
+        QTest::newRow("less than promised") << QByteArray("\x00\x00\x00\x05"
+                                                          "ab",
+            6);
         QTest::newRow("a word of another protocol") << QByteArray("GET / HTTP/1.1\r\n\r\n");
         QTest::newRow("nothing") << QByteArray();
     }
@@ -326,7 +330,10 @@ private slots:
         QLocalSocket socket;
         socket.connectToServer(path(u".socket"_s));
         QVERIFY(socket.waitForConnected());
-        socket.write(QByteArray("\x00\x00\x00\x03" "a\xff" "b", 7));
+        socket.write(QByteArray("\x00\x00\x00\x03"
+                                "a\xff"
+                                "b",
+            7));
         QVERIFY(received.wait(5000));
         QCOMPARE(received.constFirst().constFirst().toString(), u"a\ufffdb"_s);
     }

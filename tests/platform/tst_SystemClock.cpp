@@ -43,7 +43,7 @@ private slots:
     void runsAnActionOnceAndNeverEarly()
     {
         const auto start = m_clock->uptime();
-        std::chrono::milliseconds end {0};
+        std::chrono::milliseconds end{0};
         m_clock->schedule(30ms, [&] {
             end = m_clock->uptime();
             m_ran.append(u"first"_s);

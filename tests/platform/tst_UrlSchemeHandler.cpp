@@ -70,7 +70,8 @@ private:
     QString program(const QString &folder = u"Quillmere Studio.app"_s)
     {
         const QString file = path(folder + u"/bin/quillmere-studio"_s);
-        write(file, "#!/bin/sh\nprintf '%s\\n' \"$#\" \"$@\" >'" + noted().toUtf8() + ".new' && mv '" + noted().toUtf8()
+        write(file,
+            "#!/bin/sh\nprintf '%s\\n' \"$#\" \"$@\" >'" + noted().toUtf8() + ".new' && mv '" + noted().toUtf8()
                 + ".new' '" + noted().toUtf8() + "'\n");
         QFile::setPermissions(file, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
         return file;
@@ -199,7 +200,8 @@ private slots:
         QTest::addColumn<QByteArray>("url");
         QTest::newRow("tokens in the fragment")
             << QByteArray("com.quillmere.studio://callback#access_token=x&expires_in=3600&state=a%20b%2Fc");
-        QTest::newRow("a token in the query") << QByteArray("com.quillmere.studio://callback?access_token=x&refresh_token=y");
+        QTest::newRow("a token in the query")
+            << QByteArray("com.quillmere.studio://callback?access_token=x&refresh_token=y");
     }
     void theDesktopStartsTheProgramWithTheUrlUnchanged()
     {

@@ -13,7 +13,7 @@ QDateTime FakeClock::now() const
 
 Clock::Timer FakeClock::schedule(std::chrono::milliseconds delay, std::function<void()> action)
 {
-    m_actions.emplace(++m_last, Action {m_uptime + std::max(delay, std::chrono::milliseconds(0)), std::move(action)});
+    m_actions.emplace(++m_last, Action{m_uptime + std::max(delay, std::chrono::milliseconds(0)), std::move(action)});
     return m_last;
 }
 

@@ -32,7 +32,7 @@ private:
         std::function<void()> run;
     };
 
-    std::chrono::milliseconds m_uptime {0};
+    std::chrono::milliseconds m_uptime{0};
     Timer m_last = 0;
     std::map<Timer, Action> m_actions;
 };

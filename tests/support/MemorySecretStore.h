@@ -20,7 +20,7 @@ public:
     // A look without asking: nothing of it counts as a read.
     std::optional<QString> peek(const QString &account) const;
 
-    QStringList reads; // the accounts asked for, in order
+    QStringList reads;    // the accounts asked for, in order
     bool refuses = false; // saves and removals are lost
 
     // From now on reads are answered only by answer(), as those of a keyring that waits for its password.

@@ -10,8 +10,7 @@ namespace quillmere::testing {
 
 namespace {
 
-template <typename Base, typename Made>
-Made &keep(std::unique_ptr<Base> &place, std::unique_ptr<Made> made)
+template <typename Base, typename Made> Made &keep(std::unique_ptr<Base> &place, std::unique_ptr<Made> made)
 {
     Made &reference = *made;
     place = std::move(made);
@@ -20,10 +19,10 @@ Made &keep(std::unique_ptr<Base> &place, std::unique_ptr<Made> made)
 
 } // namespace
 
-PlatformEnvironment::PlatformEnvironment() :
-    clock(keep(environment.clock, std::make_unique<FakeClock>())),
-    secrets(keep(environment.secrets, std::make_unique<MemorySecretStore>())),
-    urlOpener(keep(environment.urlOpener, std::make_unique<RecordingUrlOpener>()))
+PlatformEnvironment::PlatformEnvironment()
+    : clock(keep(environment.clock, std::make_unique<FakeClock>())),
+      secrets(keep(environment.secrets, std::make_unique<MemorySecretStore>())),
+      urlOpener(keep(environment.urlOpener, std::make_unique<RecordingUrlOpener>()))
 {
     if (!service.listen()) {
         qFatal("The stand-in service has no port: %s", qPrintable(service.errorString()));
@@ -35,8 +34,9 @@ PlatformEnvironment::PlatformEnvironment() :
     environment.hosts.downloadHost = service.origin();
     environment.makeRandomSource = [] { return std::make_unique<SystemRandom>(1); };
     environment.animations = false;
-    environment.authenticateInBrowser
-        = [](QUrl url, QString scheme) { return BrowserSession::shared().authenticate(url, scheme); };
+    environment.authenticateInBrowser = [](QUrl url, QString scheme) {
+        return BrowserSession::shared().authenticate(url, scheme);
+    };
 }
 
 PlatformEnvironment::~PlatformEnvironment()

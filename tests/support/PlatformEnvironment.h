@@ -45,8 +45,7 @@ public:
 };
 
 // Runs the event loop until the condition holds; false when five seconds were not enough.
-template <typename Condition>
-bool eventually(Condition condition)
+template <typename Condition> bool eventually(Condition condition)
 {
     return QTest::qWaitFor(condition, 5000);
 }
