@@ -40,8 +40,6 @@ int Quillmere_StudioApp::run(
     if (!instance.claim(argc > 1 ? QString::fromLocal8Bit(argv[1]) : QString())) {
         return 0;
     }
-    // The screens are compiled into the program; nothing of them is to be cached on disk.
-    qputenv("QML_DISABLE_DISK_CACHE", "1");
     QGuiApplication::setDesktopFileName(applicationId);
     QGuiApplication application(argc, argv);
     QGuiApplication::setApplicationName(u"quillmere-studio"_s);

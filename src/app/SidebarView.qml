@@ -29,7 +29,7 @@ Rectangle {
             anchors.verticalCenter: parent.verticalCenter
             width: 24
             height: 24
-            source: "qrc:/logo/logo-48.png"
+            source: "qrc:/logo/QuillmereLogo-48.png"
             smooth: true
             Accessible.ignored: true
         }

@@ -33,7 +33,7 @@ Rectangle {
             anchors.horizontalCenter: parent.horizontalCenter
             width: 140
             height: 140
-            source: "qrc:/logo/logo-280.png"
+            source: "qrc:/logo/QuillmereLogo-280.png"
             smooth: true
             Accessible.ignored: true
         }

@@ -29,7 +29,7 @@ Rectangle {
                 anchors.horizontalCenter: parent.horizontalCenter
                 width: 100
                 height: 100
-                source: "qrc:/logo/logo-100.png"
+                source: "qrc:/logo/QuillmereLogo-100.png"
                 Accessible.ignored: true
             }
 

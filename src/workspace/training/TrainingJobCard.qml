@@ -14,11 +14,13 @@ Card {
     required property string progressText
     required property real progress
 
+    readonly property bool isHovered: hovered
+
     signal cancel
     signal viewDetails
 
     implicitHeight: content.implicitHeight
-    hoverStrokeColor: Color.faded(statusColor, 0.5)
+    strokeColor: isHovered ? Color.faded(statusColor, 0.5) : Theme.border
     Accessible.role: Accessible.ListItem
     Accessible.name: name
 
