@@ -20,6 +20,14 @@ Alerts *Alerts::create(QQmlEngine *, QJSEngine *)
     return &shared();
 }
 
+Alerts::~Alerts()
+{
+    for (const Alert &unanswered : m_alerts) {
+        unanswered.answer->addResult(-1);
+        unanswered.answer->finish();
+    }
+}
+
 QCoro::Task<int> Alerts::present(QString title, QString text, QStringList buttons)
 {
     auto promise = std::make_shared<QPromise<int>>();

@@ -30,8 +30,11 @@ public:
     static Alerts &shared();
     static Alerts *create(QQmlEngine *, QJSEngine *);
 
+    // Whoever waits gets -1.
+    ~Alerts() override;
+
     // Shows an alert with one to three buttons; the result is the index of the one pressed. Return presses the first, Escape
-    // the second.
+    // the second. It is -1 when the program ends before anyone has pressed one.
     QCoro::Task<int> present(QString title, QString text, QStringList buttons);
 
     bool isUp() const { return !m_alerts.empty(); }

@@ -242,7 +242,7 @@ HttpSession::HttpSession()
 
 HttpSession::~HttpSession()
 {
-    m_ending = true;
+    // Who hears of it may ask for something else, which ends the same way.
     while (!m_underWay.empty()) {
         (*m_underWay.begin())->cancel(tr("The program is ending."));
     }
@@ -251,9 +251,6 @@ HttpSession::~HttpSession()
 QCoro::Task<Result<HttpResponse>> HttpSession::send(HttpRequest request)
 {
     for (int redirections = 0;; ++redirections) {
-        if (m_ending) {
-            co_return transportFailure(tr("The program is ending."));
-        }
         Exchange exchange(*this, request);
         auto outcome = co_await exchange.ended();
         if (!outcome || request.method != "GET" || redirections == mostRedirections) {

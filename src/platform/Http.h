@@ -60,7 +60,6 @@ private:
 
     QNetworkAccessManager m_manager;
     std::set<Exchange *> m_underWay;
-    bool m_ending = false;
 };
 
 } // namespace quillmere

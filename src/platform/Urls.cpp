@@ -28,7 +28,7 @@ std::optional<QUrl> parseWebUrl(const QString &text)
 {
     const bool printable =
         std::all_of(text.cbegin(), text.cend(), [](QChar c) { return c >= u'\x21' && c <= u'\x7e'; });
-    const auto url = printable ? parseUrl(text) : std::nullopt;
+    auto url = printable ? parseUrl(text) : std::nullopt;
     if (!url || (url->scheme() != u"http"_s && url->scheme() != u"https"_s) || url->host().isEmpty()) {
         return {};
     }

@@ -43,7 +43,11 @@ private slots:
         m_world = std::make_unique<PlatformEnvironment>();
         m_happened.clear();
     }
-    void cleanup() { m_world.reset(); }
+    void cleanup()
+    {
+        m_world.reset();
+        settle(); // an alert that is up ends with the environment, and must not do so in the next test
+    }
 
     void showsNothingAtFirst()
     {
@@ -148,9 +152,10 @@ private slots:
     void endsUnansweredWithTheEnvironment()
     {
         present(u"Move?"_s);
+        present(u"Update?"_s);
         m_world.reset();
         settle();
-        QVERIFY(m_happened.isEmpty());
+        QCOMPARE(m_happened, QStringList({u"Move? answered by -1"_s, u"Update? answered by -1"_s}));
     }
 };
 
