@@ -3,6 +3,7 @@
 #include "ProcessMemory.h"
 #include "support/PlatformEnvironment.h"
 
+#include <QRegularExpression>
 #include <QSslCertificate>
 #include <QSslConfiguration>
 #include <QSslKey>
@@ -396,6 +397,8 @@ private slots:
     void keepsTheStatusOfARefusalWhoseBodyCannotBeUnpacked()
     {
         service().on("GET /it").sendsRaw(brokenGzip("500 No"));
+        // Which the library finds odd: the status and the body are two errors to it.
+        QTest::ignoreMessage(QtWarningMsg, QRegularExpression(u"must only be called once"_s));
         QCOMPARE(get(u"/it"_s).response().status, 500);
     }
 
