@@ -34,6 +34,32 @@ bool stores(const std::string &account, const std::string &bytes)
     return stored;
 }
 
+bool clears(const std::string &account)
+{
+    GHashTable *table = attributes(account);
+    GError *error = nullptr;
+    secret_service_clear_sync(nullptr, nullptr, table, nullptr, &error);
+    g_hash_table_unref(table);
+    const bool failed = error != nullptr;
+    g_clear_error(&error);
+    return !failed;
+}
+
+std::string secret(const std::string &account)
+{
+    GHashTable *table = attributes(account);
+    SecretValue *value = secret_service_lookup_sync(nullptr, nullptr, table, nullptr, nullptr);
+    g_hash_table_unref(table);
+    if (!value) {
+        return {};
+    }
+    gsize length = 0;
+    const char *bytes = secret_value_get(value, &length);
+    const std::string secret(bytes, length);
+    secret_value_unref(value);
+    return secret;
+}
+
 int itemCount(const std::string &account)
 {
     GList *found = items(account);

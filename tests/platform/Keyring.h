@@ -8,6 +8,10 @@ namespace keyring {
 
 // Stores an item whose one attribute is "account"; any bytes will do.
 bool stores(const std::string &account, const std::string &bytes);
+// Removes every item of that attribute.
+bool clears(const std::string &account);
+// The bytes of one of them.
+std::string secret(const std::string &account);
 // How many items have that attribute.
 int itemCount(const std::string &account);
 // The label of one of them.
