@@ -52,14 +52,15 @@ int Motion::springDuration(double response, double damping)
 
 QEasingCurve Motion::spring(double response, double damping)
 {
-    // Cubic pieces that share position and speed with the spring at their ends; a dozen follow it closer than a pixel.
-    constexpr int pieces = 12;
+    // Cubic pieces that share position and speed with the spring at their ends. More than nine of them, and this Qt writes behind
+    // its own tables; so they are short where the spring moves most.
+    constexpr int pieces = 9;
     const Spring spring = Spring::of(response, damping);
     const double end = spring.settled();
     QEasingCurve curve(QEasingCurve::BezierSpline);
     for (int i = 0; i < pieces; ++i) {
-        const double from = double(i) / pieces;
-        const double to = double(i + 1) / pieces;
+        const double from = std::pow(double(i) / pieces, 1.5);
+        const double to = std::pow(double(i + 1) / pieces, 1.5);
         const double third = (to - from) / 3;
         const auto place = [&](double x) { return spring.position(x * end); };
         const auto slope = [&](double x) { return spring.velocity(x * end) * end; };
