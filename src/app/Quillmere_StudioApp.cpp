@@ -89,6 +89,8 @@ void Quillmere_StudioApp::receive(const QString &message)
     if (url && url->scheme() == applicationId && !BrowserSession::shared().deliver(message)) {
         print(u"Received URL: "_s + message);
     }
+    // Out of the dock as well, which showing alone does not do.
+    window()->setWindowStates(window()->windowStates() & ~Qt::WindowMinimized);
     window()->show();
     window()->raise();
     window()->requestActivate();

@@ -31,7 +31,7 @@ QCoro::Task<Result<HttpResponse>> post(QString path, QJsonObject body)
     if (!url) {
         co_return failure(AuthError::networkError);
     }
-    HttpRequest request {"POST", *url, {{"Content-Type", "application/json"}, {"User-Agent", "Quillmere-Studio/1.0"}},
+    HttpRequest request{"POST", *url, {{"Content-Type", "application/json"}, {"User-Agent", "Quillmere-Studio/1.0"}},
         {QJsonDocument(body).toJson(QJsonDocument::Compact)}};
     auto response = co_await HttpSession::shared().send(std::move(request));
     if (response && response->status == 0) {
@@ -82,7 +82,7 @@ std::optional<QString> firstValue(const QString &query, const QString &name)
 
 LoginViewModel::~LoginViewModel()
 {
-    if (m_isInBrowser) {
+    if (m_sessionsInBrowser > 0) {
         BrowserSession::shared().cancel();
     }
 }
@@ -144,7 +144,7 @@ QCoro::Task<> LoginViewModel::sendEmail()
     });
     setIsLoading(true);
     setErrorMessage({});
-    const QJsonObject body {{u"email"_s, m_email}};
+    const QJsonObject body{{u"email"_s, m_email}};
     const auto response = co_await post(u"login-init"_s, body);
     if (!self) {
         co_return;
@@ -190,7 +190,7 @@ QCoro::Task<> LoginViewModel::sendCode()
     });
     setIsLoading(true);
     setErrorMessage({});
-    const QJsonObject body {{u"email"_s, m_email}, {u"code"_s, m_authenticatorCode}, {u"is_desktop"_s, true}};
+    const QJsonObject body{{u"email"_s, m_email}, {u"code"_s, m_authenticatorCode}, {u"is_desktop"_s, true}};
     const auto response = co_await post(u"totp-login-v2"_s, body);
     if (!self) {
         co_return;
@@ -219,20 +219,19 @@ QCoro::Task<> LoginViewModel::handleMagicLink(QString url)
         setErrorMessage(tr("Invalid authentication URL"));
         co_return;
     }
-    m_isInBrowser = true;
+    ++m_sessionsInBrowser;
     const BrowserOutcome outcome = co_await Environment::current().authenticateInBrowser(*page, callbackScheme);
     if (!self) {
         co_return;
     }
-    m_isInBrowser = false;
+    --m_sessionsInBrowser;
     switch (outcome.kind) {
     case BrowserOutcome::Kind::Callback:
         handleCallback(outcome.callback);
         break;
     case BrowserOutcome::Kind::Failed:
-        MainQueue::shared().async(this, [this, failure = outcome.failure] {
-            setErrorMessage(tr("Authentication failed: ") + failure);
-        });
+        MainQueue::shared().async(
+            this, [this, failure = outcome.failure] { setErrorMessage(tr("Authentication failed: ") + failure); });
         break;
     case BrowserOutcome::Kind::Canceled:
         break;
@@ -247,8 +246,7 @@ void LoginViewModel::handleCallback(const QUrl &url)
         if (const auto accessToken = firstValue(fragment, accessTokenName)) {
             completeLogin(*accessToken, firstValue(fragment, u"refresh_token"_s));
         } else {
-            MainQueue::shared().async(
-                this, [this] { setErrorMessage(tr("Failed to extract authentication tokens")); });
+            MainQueue::shared().async(this, [this] { setErrorMessage(tr("Failed to extract authentication tokens")); });
         }
     } else if (const auto accessToken = firstValue(url.query(QUrl::FullyEncoded), accessTokenName)) {
         completeLogin(*accessToken, {});
@@ -267,7 +265,7 @@ void LoginViewModel::completeLogin(const QString &accessToken, const std::option
             auth.keychain.remove(auth.refreshTokenKey);
         }
         auth.setIsAuthenticated(true);
-        auth.setCurrentUser(UserProfile {
+        auth.setCurrentUser(UserProfile{
             QUuid::createUuid().toString(QUuid::WithoutBraces), email, email.section(u'@', 0, 0), std::nullopt});
         auth.fetchCurrentUser(u"Failed to fetch user profile: "_s);
     });

@@ -23,7 +23,8 @@ class LoginViewModel : public quillmere::Observable {
 
     Q_PROPERTY(quillmere::LoginViewModel::LoginStep loginStep READ loginStep WRITE setLoginStep NOTIFY loginStepChanged)
     Q_PROPERTY(QString email READ email WRITE setEmail NOTIFY emailChanged)
-    Q_PROPERTY(QString authenticatorCode READ authenticatorCode WRITE setAuthenticatorCode NOTIFY authenticatorCodeChanged)
+    Q_PROPERTY(
+        QString authenticatorCode READ authenticatorCode WRITE setAuthenticatorCode NOTIFY authenticatorCodeChanged)
     Q_PROPERTY(bool isLoading READ isLoading NOTIFY isLoadingChanged)
     Q_PROPERTY(bool hasErrorMessage READ hasErrorMessage NOTIFY errorMessageChanged)
     Q_PROPERTY(QString errorMessage READ shownErrorMessage NOTIFY errorMessageChanged)
@@ -101,7 +102,7 @@ private:
     bool m_isNewUser = false;
     std::optional<QByteArray> m_qrCodeData;
     QString m_totpSecret;
-    bool m_isInBrowser = false;
+    int m_sessionsInBrowser = 0; // a later one cancels the one before it, which ends a little after the later began
 };
 
 } // namespace quillmere

@@ -7,8 +7,7 @@
 
 namespace quillmere {
 
-QrCode::QrCode(QQuickItem *parent) :
-    QQuickPaintedItem(parent)
+QrCode::QrCode(QQuickItem *parent) : QQuickPaintedItem(parent)
 {
     setAntialiasing(false);
 }

@@ -42,8 +42,8 @@ struct HttpResponse {
 // changes (RFC 9110, section 15.4). A redirection that is not followed, any of a POST among them, is the response.
 class HttpSession {
 public:
-    static constexpr std::chrono::seconds silenceLimit {60};
-    static constexpr std::chrono::minutes replyLimit {10};
+    static constexpr std::chrono::seconds silenceLimit{60};
+    static constexpr std::chrono::minutes replyLimit{10};
     static constexpr qsizetype sizeLimit = 64 * 1000 * 1000;
 
     static HttpSession &shared();

@@ -75,7 +75,7 @@ QCoro::Task<Result<DatasetInfo>> QuillmereAPIClient::uploadDataset(
             Failure::Kind::Encoding, QCoreApplication::translate("QuillmereAPIClient", "Invalid file name"));
     }
     const QByteArray boundary = QUuid::createUuid().toByteArray(QUuid::WithoutBraces).toUpper();
-    HttpRequest request {"POST", *url, {{"Content-Type", "multipart/form-data; boundary=" + boundary}}, {}};
+    HttpRequest request{"POST", *url, {{"Content-Type", "multipart/form-data; boundary=" + boundary}}, {}};
     if (const auto token = co_await authorization()) {
         request.headers.append({"Authorization", *token});
     }
@@ -114,7 +114,7 @@ QCoro::Task<Result<QByteArray>> QuillmereAPIClient::send(
     if (!url) {
         co_return failure(APIError::invalidURL);
     }
-    HttpRequest request {
+    HttpRequest request{
         method.toUtf8(), *url, {{"Content-Type", "application/json"}, {"User-Agent", "Quillmere-Studio/1.0"}}, {}};
     if (authenticated) {
         if (const auto token = co_await authorization()) {

@@ -38,8 +38,7 @@ public:
 
     // The routine behind all of these but the upload. The endpoint, with its query, goes behind the base letter for letter;
     // where that makes no URL the call fails with APIError's invalidURL and nothing is sent.
-    template <typename Record>
-    QCoro::Task<Result<Record>> request(QString endpoint, QString method, bool authenticated)
+    template <typename Record> QCoro::Task<Result<Record>> request(QString endpoint, QString method, bool authenticated)
     {
         return requestEncoded<Record>(std::move(endpoint), std::move(method), QByteArray(), authenticated);
     }
@@ -69,8 +68,7 @@ private:
         co_return co_await decoded<Record>(*reply);
     }
 
-    template <typename Record>
-    static QCoro::Task<Result<Record>> decoded(QByteArray json)
+    template <typename Record> static QCoro::Task<Result<Record>> decoded(QByteArray json)
     {
         if (json.size() < largeReply) {
             co_return decode<Record>(json, KeyCoding::SnakeCase);

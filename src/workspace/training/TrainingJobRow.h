@@ -23,14 +23,14 @@ struct TrainingJobRow {
 
     static constexpr auto fields()
     {
-        return std::tuple {
-            Field {"id", &TrainingJobRow::id},
-            Field {"name", &TrainingJobRow::name},
-            Field {"badge", &TrainingJobRow::badge},
-            Field {"statusColor", &TrainingJobRow::statusColor},
-            Field {"isRunning", &TrainingJobRow::isRunning},
-            Field {"progressText", &TrainingJobRow::progressText},
-            Field {"progress", &TrainingJobRow::progress},
+        return std::tuple{
+            Field{"id", &TrainingJobRow::id},
+            Field{"name", &TrainingJobRow::name},
+            Field{"badge", &TrainingJobRow::badge},
+            Field{"statusColor", &TrainingJobRow::statusColor},
+            Field{"isRunning", &TrainingJobRow::isRunning},
+            Field{"progressText", &TrainingJobRow::progressText},
+            Field{"progress", &TrainingJobRow::progress},
         };
     }
 };

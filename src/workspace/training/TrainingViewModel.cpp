@@ -14,7 +14,7 @@ namespace quillmere {
 
 namespace {
 
-constexpr std::chrono::milliseconds sampleDelay {300};
+constexpr std::chrono::milliseconds sampleDelay{300};
 
 qsizetype countWith(const QList<FineTuneJob> &jobs, const QString &status)
 {
@@ -214,8 +214,8 @@ QCoro::Task<> TrainingViewModel::cancelAtService(QString jobId)
 void TrainingViewModel::cancelInPlace(const QString &jobId)
 {
     QList<FineTuneJob> jobs = m_jobs;
-    const auto job
-        = std::find_if(jobs.begin(), jobs.end(), [&](const FineTuneJob &candidate) { return candidate.id == jobId; });
+    const auto job =
+        std::find_if(jobs.begin(), jobs.end(), [&](const FineTuneJob &candidate) { return candidate.id == jobId; });
     if (job == jobs.end()) {
         return;
     }

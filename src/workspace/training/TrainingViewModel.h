@@ -40,8 +40,8 @@ class TrainingViewModel : public quillmere::Observable {
     Q_PROPERTY(QString activeCount READ activeCount NOTIFY jobsChanged)
     Q_PROPERTY(QString completedCount READ completedCount NOTIFY jobsChanged)
     Q_PROPERTY(QString totalCount READ totalCount NOTIFY jobsChanged)
-    Q_PROPERTY(quillmere::TrainingVocabulary::JobStatusFilter selectedFilter READ selectedFilter WRITE setSelectedFilter NOTIFY
-            selectedFilterChanged)
+    Q_PROPERTY(quillmere::TrainingVocabulary::JobStatusFilter selectedFilter READ selectedFilter WRITE setSelectedFilter
+            NOTIFY selectedFilterChanged)
     Q_PROPERTY(QAbstractItemModel *filteredJobs READ filteredJobs CONSTANT)
     Q_PROPERTY(bool hasFilteredJobs READ hasFilteredJobs NOTIFY filteredJobsChanged)
 
