@@ -26,6 +26,10 @@ T.Popup {
     focus: true
     closePolicy: T.Popup.NoAutoClose
 
+    readonly property FocusReturn focusReturn: FocusReturn {
+        popup: panel
+    }
+
     enter: Transition {
         NumberAnimation {
             property: "opacity"

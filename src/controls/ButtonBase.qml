@@ -1,11 +1,12 @@
 // What every button is made of: mouse and keyboard, the looks of hovered, pressed, focused, disabled and busy, and its
-// name and action for assistive programs. Its kinds change nothing but colours, fonts and sizes, or bring a content item.
+// name and action for assistive programs. Its kinds change nothing but colours, fonts and sizes, or bring a content item
+// and a background of their own. It stands on no template of the toolkit: those read "&" as a mark for a key, and do not
+// take the role they are told.
 import QtQuick
-import QtQuick.Templates as T
 import Quillmere.Controls
 import Quillmere.Theme
 
-T.Control {
+Item {
     id: control
 
     property string text
@@ -15,17 +16,42 @@ T.Control {
     property bool busy: false
     property string busyText
 
+    property font font: Theme.system(13, Font.Medium)
+    property real padding: 0
+    property real horizontalPadding: padding
+    property real verticalPadding: padding
+    property real spacing: 8
+    property real radius: 6
     property color labelColor: Theme.textPrimary
     property color fillColor: "transparent"
-    property color strokeColor: "transparent"
     property color hoverTint: Theme.hovered
-    property real radius: 6
     property real pressedOpacity: 0.8
     property real disabledOpacity: 0.5
     property string accessibleName: busy && busyText.length > 0 ? busyText : text
 
+    readonly property bool hovered: pointer.hovered && enabled && !busy
     readonly property bool pressed: !busy && (area.pressed && area.containsMouse || spaceHeld)
+    // The keyboard is here, and it was the keyboard that came here or was used last.
+    readonly property bool visualFocus: activeFocus && !touched
+
     property bool spaceHeld: false
+    property bool touched: false
+
+    property Item background: Rectangle {
+        radius: control.radius
+        color: control.hovered ? Qt.tint(control.fillColor, control.hoverTint) : control.fillColor
+        opacity: control.busy && !control.enabled ? control.disabledOpacity : 1
+    }
+
+    property Item contentItem: ButtonLabel {
+        text: control.busy ? control.busyText : control.text
+        font: control.font
+        symbol: control.symbol
+        symbolSize: control.symbolSize
+        busy: control.busy
+        color: control.labelColor
+        spacing: control.spacing
+    }
 
     signal clicked
 
@@ -35,23 +61,37 @@ T.Control {
         }
     }
 
-    implicitWidth: implicitContentWidth + leftPadding + rightPadding
-    implicitHeight: implicitContentHeight + topPadding + bottomPadding
-    font: Theme.system(13, Font.Medium)
-    spacing: 8
-    focusPolicy: Qt.TabFocus
-    hoverEnabled: true
+    function place(item, area) {
+        if (item) {
+            item.parent = area;
+            item.anchors.fill = area;
+        }
+    }
+
+    implicitWidth: (contentItem ? contentItem.implicitWidth : 0) + 2 * horizontalPadding
+    implicitHeight: (contentItem ? contentItem.implicitHeight : 0) + 2 * verticalPadding
+    activeFocusOnTab: true
     // A busy button keeps its spinner bright, disabled or not; only its fill is dimmed.
     opacity: !enabled && !busy ? disabledOpacity : pressed ? pressedOpacity : 1
 
     Accessible.role: Accessible.Button
     Accessible.name: accessibleName
+    // The toolkit has no word for disabled.
     Accessible.description: enabled && !busy ? "" : qsTr("Unavailable")
     Accessible.focusable: enabled
     Accessible.pressed: pressed
     Accessible.onPressAction: press()
 
+    Component.onCompleted: {
+        place(background, ground);
+        place(contentItem, content);
+    }
+    onBackgroundChanged: place(background, ground)
+    onContentItemChanged: place(contentItem, content)
+    onActiveFocusChanged: spaceHeld = false
+
     Keys.onPressed: event => {
+        touched = false;
         if (event.modifiers & (Qt.ControlModifier | Qt.AltModifier | Qt.MetaModifier)) {
             return;
         }
@@ -65,31 +105,24 @@ T.Control {
             }
         }
     }
+    // The key that brought the focus here comes up here.
     Keys.onReleased: event => {
+        touched = false;
         if (event.key === Qt.Key_Space && !event.isAutoRepeat && spaceHeld) {
             spaceHeld = false;
             event.accepted = true;
             press();
         }
     }
-    onActiveFocusChanged: spaceHeld = false
 
-    background: Rectangle {
-        radius: control.radius
-        color: control.hovered && control.enabled && !control.busy ? Qt.tint(control.fillColor, control.hoverTint) : control.fillColor
-        border.width: control.strokeColor.a > 0 ? 1 : 0
-        border.color: control.strokeColor
-        opacity: control.busy && !control.enabled ? control.disabledOpacity : 1
+    Item {
+        id: ground
+
+        anchors.fill: parent
     }
 
-    contentItem: ButtonLabel {
-        text: control.busy ? control.busyText : control.text
-        font: control.font
-        symbol: control.symbol
-        symbolSize: control.symbolSize
-        busy: control.busy
-        color: control.labelColor
-        spacing: control.spacing
+    HoverHandler {
+        id: pointer
     }
 
     // Below the content, so that what takes the mouse there comes first.
@@ -97,9 +130,23 @@ T.Control {
         id: area
 
         anchors.fill: parent
-        z: -1
-        onPressed: control.forceActiveFocus(Qt.MouseFocusReason)
+        onPressed: {
+            if (control.activeFocusOnTab) {
+                control.touched = true;
+                control.forceActiveFocus(Qt.MouseFocusReason);
+            }
+        }
         onClicked: control.press()
+    }
+
+    Item {
+        id: content
+
+        anchors.fill: parent
+        anchors.leftMargin: control.horizontalPadding
+        anchors.rightMargin: control.horizontalPadding
+        anchors.topMargin: control.verticalPadding
+        anchors.bottomMargin: control.verticalPadding
     }
 
     FocusRing {

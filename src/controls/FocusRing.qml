@@ -9,8 +9,8 @@ Rectangle {
     property real cornerRadius: 6
 
     anchors.fill: parent
-    anchors.margins: -3
-    radius: cornerRadius + 3
+    anchors.margins: -4
+    radius: cornerRadius + 4
     color: "transparent"
     border.width: 2
     border.color: Theme.focusRing

@@ -55,7 +55,6 @@ Flickable {
         id: edit
 
         width: area.width
-        height: Math.max(implicitHeight, area.height)
         activeFocusOnTab: true
         color: Theme.textPrimary
         font: Theme.system(14)
@@ -71,7 +70,7 @@ Flickable {
         Accessible.multiLine: true
 
         onCursorRectangleChanged: area.follow(cursorRectangle)
-        onEditingFinished: area.textEdited()
+        onTextChanged: area.textEdited()
         Keys.onPressed: event => {
             const isReturn = event.key === Qt.Key_Return || event.key === Qt.Key_Enter;
             if (isReturn && area.returnAccepts && !(event.modifiers & Qt.ShiftModifier)) {
@@ -92,10 +91,15 @@ Flickable {
             wrapMode: Text.Wrap
             Accessible.ignored: true
         }
+    }
 
-        HoverHandler {
-            cursorShape: Qt.IBeamCursor
-        }
+    HoverHandler {
+        cursorShape: Qt.IBeamCursor
+    }
+
+    // A field of several lines takes a click below its last one too.
+    TapHandler {
+        onTapped: edit.forceActiveFocus(Qt.MouseFocusReason)
     }
 
     FontMetrics {

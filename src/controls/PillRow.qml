@@ -5,10 +5,11 @@ import Quillmere.Controls
 Row {
     id: row
 
-    function choose(step: int) {
+    function choose(step) {
         const pills = [];
         let current = -1;
-        for (const child of row.children) {
+        for (let i = 0; i < row.children.length; ++i) {
+            const child = row.children[i];
             if (child instanceof Pill && child.visible && child.enabled) {
                 if (child.activeFocus) {
                     current = pills.length;

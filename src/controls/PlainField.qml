@@ -21,10 +21,13 @@ TextInput {
     selectionColor: Theme.textSelection
     selectedTextColor: "white"
     echoMode: secret ? TextInput.Password : TextInput.Normal
+    passwordCharacter: "\u2022"
     verticalAlignment: TextInput.AlignVCenter
     opacity: enabled ? 1 : 0.5
 
-    Accessible.role: Accessible.EditableText
+    // As a text that can be edited the toolkit would read a secret out.
+    Accessible.role: secret ? Accessible.StaticText : Accessible.EditableText
+    Accessible.editable: true
     Accessible.name: label
     Accessible.description: enabled ? placeholderText : qsTr("Unavailable")
     Accessible.passwordEdit: secret

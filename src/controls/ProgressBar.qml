@@ -7,9 +7,7 @@ Rectangle {
 
     required property real value
     property color tint: Color.blue
-    // The ends of the scale, under the names by which assistive programs ask for them.
-    readonly property real minimumValue: 0
-    readonly property real maximumValue: 1
+    readonly property real part: Math.max(0, Math.min(value, 1))
 
     implicitWidth: 100
     implicitHeight: 6
@@ -17,9 +15,10 @@ Rectangle {
     color: Theme.track
     Accessible.role: Accessible.ProgressBar
     Accessible.name: qsTr("Progress")
+    Accessible.description: qsTr("%1 %").arg(Math.round(part * 100))
 
     Rectangle {
-        width: bar.width * Math.max(0, Math.min(bar.value, 1))
+        width: bar.width * bar.part
         height: bar.height
         radius: bar.radius
         color: bar.tint

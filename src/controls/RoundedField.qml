@@ -26,6 +26,10 @@ Rectangle {
     color: Theme.controlBackground
     border.width: field.activeFocus ? 2 : 1
     border.color: field.activeFocus ? Theme.focusRing : Theme.outline
+    // Of a secret the toolkit reads out nothing, its name neither; so the name stands on what is around it.
+    Accessible.role: Accessible.Grouping
+    Accessible.name: label
+    Accessible.ignored: !secret
 
     PlainField {
         id: field

@@ -10,6 +10,7 @@ Rectangle {
     property alias placeholderText: field.placeholderText
     property alias font: field.font
     property real padding: 10
+    readonly property alias field: field
 
     implicitWidth: 300
     implicitHeight: field.implicitHeight + 2 * padding

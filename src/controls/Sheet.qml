@@ -1,7 +1,5 @@
 // A panel over the dimmed window that takes all input until it is closed. Escape closes the topmost one. What stands in it is made
 // when it opens and gone when it has closed.
-pragma ComponentBehavior: Bound
-
 import QtQuick
 import QtQuick.Templates as T
 import Quillmere.Controls
@@ -24,6 +22,10 @@ T.Popup {
     dim: true
     focus: true
     closePolicy: T.Popup.CloseOnEscape
+
+    readonly property FocusReturn focusReturn: FocusReturn {
+        popup: sheet
+    }
 
     enter: Transition {
         NumberAnimation {
@@ -53,28 +55,11 @@ T.Popup {
         border.color: Theme.hairline
     }
 
-    contentItem: FocusScope {
-        focus: true
-        Accessible.role: Accessible.Dialog
-        Accessible.name: sheet.title
-
-        Loader {
-            anchors.fill: parent
-            active: sheet.visible
-            focus: true
-            sourceComponent: sheet.content
-        }
-
-        IconButton {
-            anchors.top: parent.top
-            anchors.right: parent.right
-            anchors.margins: 12
-            visible: sheet.hasCloseMark
-            symbol: "xmark"
-            label: qsTr("Close")
-            size: 14
-            color: Theme.textSecondary
-            onClicked: sheet.close()
-        }
+    // As large as its content wants to be, where contentWidth and contentHeight are not told.
+    contentItem: SheetBody {
+        title: sheet.title
+        content: sheet.visible ? sheet.content : null
+        hasCloseMark: sheet.hasCloseMark
+        onCloseMarkClicked: sheet.close()
     }
 }

@@ -30,7 +30,7 @@ ButtonBase {
         spacing: control.spacing
         checked: control.checked
         small: control.small
-        hovered: control.hovered && control.enabled
+        hovered: control.hovered
         pressed: control.pressed
         tint: control.tint
     }

@@ -10,7 +10,7 @@ ButtonBase {
 
     implicitWidth: 40
     implicitHeight: 40
-    focusPolicy: Qt.NoFocus
+    activeFocusOnTab: false
     accessibleName: label
     symbolSize: 12
     labelColor: hovered ? "white" : Theme.textSecondary
