@@ -1,8 +1,9 @@
 // The Training destination: the user's fine-tuning jobs, counted, filtered and listed.
+pragma ComponentBehavior: Bound
+
 import QtQuick
 import Quillmere.Controls
 import Quillmere.Theme
-import Quillmere.Tools
 import Quillmere.Workspace
 
 Rectangle {
@@ -122,18 +123,8 @@ Rectangle {
         }
     }
 
-    Sheet {
+    NewTrainingSheet {
         visible: view.showNewTrainingSheet
-        contentWidth: 900
-        contentHeight: 700
-        hasCloseMark: true
-        title: qsTr("New Training")
-        fillColor: "black"
         onClosed: view.showNewTrainingSheet = false
-
-        // The sheet draws the ground, for its corners are round.
-        content: SimplifiedFineTuningView {
-            color: "transparent"
-        }
     }
 }
