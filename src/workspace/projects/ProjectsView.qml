@@ -1,0 +1,118 @@
+// The Projects destination: the user's projects in a grid, a search over them, and a sheet that makes another.
+pragma ComponentBehavior: Bound
+
+import QtQuick
+import QtQuick.Templates as T
+import Quillmere.Controls
+import Quillmere.Theme
+import Quillmere.Workspace
+
+Rectangle {
+    id: view
+
+    property bool showNewProjectSheet: false
+    property alias searchText: search.text
+
+    color: Theme.background
+
+    Component.onCompleted: viewModel.loadProjects()
+
+    ProjectsViewModel {
+        id: viewModel
+
+        searchText: search.text
+    }
+
+    ScreenHeader {
+        id: header
+
+        width: view.width
+        title: qsTr("Projects")
+        subtitle: qsTr("Manage your fine-tuning projects and workspaces")
+
+        PrimaryButton {
+            symbol: "plus"
+            text: qsTr("New Project")
+            onClicked: view.showNewProjectSheet = true
+        }
+    }
+
+    SearchBox {
+        id: search
+
+        anchors.top: header.bottom
+        x: 24
+        width: view.width - 48
+        padding: 12
+        placeholderText: qsTr("Search projects...")
+    }
+
+    Item {
+        anchors.top: search.bottom
+        anchors.topMargin: 20
+        anchors.bottom: view.bottom
+        width: view.width
+
+        Spinner {
+            anchors.centerIn: parent
+            visible: viewModel.isLoading
+        }
+
+        ProjectsEmptyState {
+            anchors.fill: parent
+            visible: !viewModel.isLoading && !viewModel.hasFilteredProjects
+            onCreateProject: view.showNewProjectSheet = true
+        }
+
+        GridView {
+            id: grid
+
+            readonly property real gap: 16
+
+            anchors.fill: parent
+            // Whole points, so that the edges of the cards are sharp. Each cell brings the gap behind its card.
+            cellWidth: Math.floor((Math.max(width, 78) - 48 + gap) / 3)
+            cellHeight: 200 + gap
+            leftMargin: 24
+            topMargin: 24
+            bottomMargin: 24 - gap
+            visible: !viewModel.isLoading && viewModel.hasFilteredProjects
+            model: viewModel.filteredProjects
+            clip: true
+            interactive: false
+            boundsBehavior: Flickable.StopAtBounds
+            reuseItems: true
+            activeFocusOnTab: bar.scrollable
+            Accessible.role: Accessible.List
+            Accessible.name: qsTr("Projects")
+            Keys.onPressed: event => bar.scrollByKey(event)
+
+            T.ScrollBar.vertical: ListScroll {
+                id: bar
+            }
+
+            delegate: ProjectCard {
+                width: grid.cellWidth - grid.gap
+                height: implicitHeight
+            }
+        }
+    }
+
+    Sheet {
+        visible: view.showNewProjectSheet
+        contentWidth: 500
+        contentHeight: 400
+        title: qsTr("Create New Project")
+        onClosed: view.showNewProjectSheet = false
+
+        content: NewProjectSheet {
+            onCreate: (name, description) => {
+                // Not again while the sheet fades away.
+                if (view.showNewProjectSheet) {
+                    viewModel.createProject(name, description);
+                }
+            }
+            onDismiss: view.showNewProjectSheet = false
+        }
+    }
+}

@@ -1,0 +1,146 @@
+#include "workspace/projects/ProjectsViewModel.h"
+
+#include "platform/Environment.h"
+#include "platform/MainQueue.h"
+#include "platform/Text.h"
+
+#include <QUuid>
+
+using namespace Qt::StringLiterals;
+
+namespace quillmere {
+
+namespace {
+
+constexpr std::chrono::milliseconds sampleDelay{500};
+// The finest step of a relative date.
+constexpr std::chrono::milliseconds tickInterval{1000};
+
+QList<Project> sampleProjects(const QDateTime &now)
+{
+    return {
+        {
+            .id = u"1"_s,
+            .name = u"Medical LLM"_s,
+            .description = u"Fine-tuning Llama for medical Q&A"_s,
+            .modelCount = 2,
+            .datasetCount = 5,
+            .lastUpdated = now.addSecs(-3'600),
+            .status = Project::ProjectStatus::training,
+        },
+        {
+            .id = u"2"_s,
+            .name = u"Code Assistant"_s,
+            .description = u"Custom coding assistant with LoRA"_s,
+            .modelCount = 1,
+            .datasetCount = 3,
+            .lastUpdated = now.addSecs(-86'400),
+            .status = Project::ProjectStatus::active,
+        },
+        {
+            .id = u"3"_s,
+            .name = u"Customer Support Bot"_s,
+            .description = u"Support ticket classification and response"_s,
+            .modelCount = 1,
+            .datasetCount = 2,
+            .lastUpdated = now.addSecs(-172'800),
+            .status = Project::ProjectStatus::archived,
+        },
+    };
+}
+
+bool holds(const Project &project, const QString &text)
+{
+    return text::localizedCaseInsensitiveContains(project.name, text)
+        || text::localizedCaseInsensitiveContains(project.description, text);
+}
+
+} // namespace
+
+ProjectsViewModel::ProjectsViewModel(QObject *parent) : Observable(parent), m_clock(*Environment::current().clock)
+{
+    keepTextsTrue();
+}
+
+ProjectsViewModel::~ProjectsViewModel()
+{
+    m_clock.cancel(m_tick);
+}
+
+void ProjectsViewModel::setProjects(QList<Project> projects)
+{
+    publish(m_projects, std::move(projects), u"projects"_s, &ProjectsViewModel::projectsChanged);
+    refilter();
+}
+
+void ProjectsViewModel::setIsLoading(bool isLoading)
+{
+    publish(m_isLoading, isLoading, u"isLoading"_s, &ProjectsViewModel::isLoadingChanged);
+}
+
+void ProjectsViewModel::setSearchText(const QString &text)
+{
+    if (text == m_searchText) {
+        return;
+    }
+    m_searchText = text;
+    emit searchTextChanged();
+    refilter();
+}
+
+void ProjectsViewModel::refilter()
+{
+    const QDateTime now = m_clock.now();
+    QList<ProjectRow> rows;
+    for (const Project &project : std::as_const(m_projects)) {
+        if (m_searchText.isEmpty() || holds(project, m_searchText)) {
+            rows.append(ProjectRow::of(project, now));
+        }
+    }
+    m_filteredProjects.setRecords(std::move(rows));
+    emit filteredProjectsChanged();
+}
+
+// Looks every second instead of waiting for the next change, since the wall clock may be set, or stand still while the machine
+// sleeps.
+void ProjectsViewModel::keepTextsTrue()
+{
+    m_tick = m_clock.schedule(tickInterval, [this] {
+        const QDateTime now = m_clock.now();
+        QList<ProjectRow> rows = m_filteredProjects.records();
+        bool changed = false;
+        for (ProjectRow &row : rows) {
+            changed = row.updateText(now) || changed;
+        }
+        if (changed) {
+            m_filteredProjects.setRecords(std::move(rows));
+        }
+        keepTextsTrue();
+    });
+}
+
+void ProjectsViewModel::loadProjects()
+{
+    setIsLoading(true);
+    MainQueue::shared().asyncAfter(sampleDelay, this, [this] {
+        setProjects(sampleProjects(m_clock.now()));
+        setIsLoading(false);
+    });
+}
+
+void ProjectsViewModel::createProject(const QString &name, const QString &description)
+{
+    QList<Project> projects = m_projects;
+    projects.prepend({
+        .id = QUuid::createUuid().toString(QUuid::WithoutBraces),
+        .name = name,
+        .description = description,
+        .modelCount = 0,
+        .datasetCount = 0,
+        .lastUpdated = m_clock.now(),
+        .status = Project::ProjectStatus::active,
+    });
+    setProjects(std::move(projects));
+}
+
+} // namespace quillmere
