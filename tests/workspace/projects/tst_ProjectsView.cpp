@@ -1,0 +1,728 @@
+#include "support/TestEnvironment.h"
+#include "support/Window.h"
+#include "workspace/projects/ProjectsViewModel.h"
+
+#include <QSignalSpy>
+
+using namespace Qt::StringLiterals;
+using namespace quillmere;
+using namespace quillmere::testing;
+using namespace std::chrono_literals;
+
+namespace {
+
+const QString white = u"#ffffffff"_s;
+const QString secondary = u"#ffa1a1aa"_s;
+const QString tertiary = u"#ff71717a"_s;
+const QString accent = u"#ff3b82f6"_s;
+const QString surface = u"#ff121214"_s;
+const QString border = u"#ff27272a"_s;
+
+// Seen from an item, in points.
+QRectF placeIn(const QQuickItem *surroundings, const QQuickItem *item)
+{
+    return item->mapRectToItem(surroundings, QRectF(0, 0, item->width(), item->height()));
+}
+
+QAccessibleInterface *accessible(QQuickItem *item)
+{
+    return QAccessible::queryAccessibleInterface(item);
+}
+
+} // namespace
+
+class tst_ProjectsView : public QObject {
+    Q_OBJECT
+
+private slots:
+    void init() { world = std::make_unique<TestEnvironment>(); }
+    void cleanup()
+    {
+        close();
+        world.reset();
+    }
+
+    // Head, search and body
+
+    void showsASpinnerForHalfASecondAndThenTheCards()
+    {
+        open();
+        QCOMPARE(screen->all(u"Spinner"_s).size(), 1);
+        QCOMPARE(colorOf(screen->all(u"Spinner"_s).first()), white);
+        QVERIFY(cards().isEmpty());
+        QVERIFY(!screen->shows(u"No Projects Yet"_s));
+        world->clock.advance(499ms);
+        redraw();
+        QVERIFY(cards().isEmpty());
+        world->clock.advance(1ms);
+        redraw();
+        QVERIFY(screen->all(u"Spinner"_s).isEmpty());
+        QCOMPARE(names(), QStringList({u"Medical LLM"_s, u"Code Assistant"_s, u"Customer Support Bot"_s}));
+    }
+
+    void hasItsHeadAndItsSearchBoxInPlace()
+    {
+        open();
+        QCOMPARE(colorOf(view->rootObject()), u"#ff09090b"_s);
+        auto *title = screen->text(u"Projects"_s);
+        QCOMPARE(fontOf(title), u"Space Grotesk 24 700"_s);
+        QCOMPARE(colorOf(title), white);
+        QCOMPARE(placeOf(title).topLeft(), QPointF(24, 20));
+        auto *subtitle = screen->text(u"Manage your fine-tuning projects and workspaces"_s);
+        QCOMPARE(fontOf(subtitle), u"Inter 14 400"_s);
+        QCOMPARE(colorOf(subtitle), secondary);
+        QCOMPARE(placeOf(subtitle).top() - placeOf(title).bottom(), 4.0);
+
+        auto *button = screen->button(u"New Project"_s);
+        QVERIFY(QString::fromLatin1(button->metaObject()->className()).startsWith(u"PrimaryButton"_s));
+        QVERIFY(screen->symbol(u"plus"_s, button));
+        QCOMPARE(button->property("spacing").toInt(), 8);
+        QCOMPARE(placeOf(button).right(), 980.0 - 24);
+
+        auto *box = screen->all(u"SearchBox"_s).first();
+        QCOMPARE(placeOf(box).left(), 24.0);
+        QCOMPARE(placeOf(box).width(), 980.0 - 48);
+        QCOMPARE(placeOf(box).top() - placeOf(subtitle).bottom(), 20.0);
+        QCOMPARE(colorOf(box), surface);
+        QCOMPARE(box->property("radius").toInt(), 8);
+        auto *glass = screen->symbol(u"magnifyingglass"_s, box);
+        QCOMPARE(colorOf(glass), tertiary);
+        QCOMPARE(placeIn(box, glass).left(), 12.0);
+        auto *field = screen->all(u"PlainField"_s).first();
+        QCOMPARE(placeIn(box, field).left() - placeIn(box, glass).right(), 12.0);
+        QCOMPARE(box->height(), field->implicitHeight() + 24);
+        QCOMPARE(colorOf(field), white);
+        QVERIFY(screen->shows(u"Search projects..."_s));
+    }
+
+    void laysThreeColumnsOutAtAnyWidth_data()
+    {
+        QTest::addColumn<QSize>("size");
+        QTest::newRow("smallest window") << QSize(940, 760);
+        QTest::newRow("wide") << QSize(1220, 860);
+        QTest::newRow("odd") << QSize(1001, 760);
+        QTest::newRow("very wide") << QSize(2340, 1400);
+    }
+    void laysThreeColumnsOutAtAnyWidth()
+    {
+        QFETCH(QSize, size);
+        open(size);
+        load();
+        auto *model = view->rootObject()->findChild<ProjectsViewModel *>();
+        model->createProject(u"Fourth"_s, {});
+        redraw();
+        const auto all = cards();
+        QCOMPARE(all.size(), 4);
+        const double bodyTop = placeOf(screen->all(u"SearchBox"_s).first()).bottom() + 20;
+        QCOMPARE(placeOf(all[0]).topLeft(), QPointF(24, bodyTop + 24));
+        for (int i = 0; i < 3; ++i) {
+            QCOMPARE(all[i]->height(), 200.0);
+            QCOMPARE(all[i]->width(), std::floor((size.width() - 48 - 32) / 3.0));
+            QCOMPARE(placeOf(all[i]).left(), 24 + i * (all[i]->width() + 16));
+            QCOMPARE(placeOf(all[i]).top(), placeOf(all[0]).top());
+        }
+        // Columns are whole points wide, so that up to two points may be left over.
+        const double left = size.width() - 24 - placeOf(all[2]).right();
+        QVERIFY(left >= 0 && left <= 2);
+        QCOMPARE(placeOf(all[3]).topLeft(), QPointF(24, bodyTop + 24 + 200 + 16));
+    }
+
+    // Cards
+
+    void hasEachCardAsTold()
+    {
+        open();
+        load();
+        auto *card = cards().first();
+        QCOMPARE(colorOf(card), surface);
+        QCOMPARE(card->property("radius").toInt(), 12);
+        QCOMPARE(stroke(card), border);
+
+        auto *folder = screen->symbol(u"folder.fill"_s, card);
+        QCOMPARE(folder->property("size").toInt(), 20);
+        QCOMPARE(colorOf(folder), accent);
+        QCOMPARE(placeIn(card, folder).left(), 20.0);
+
+        auto *badge = screen->all(u"Badge"_s).first();
+        auto *word = screen->text(u"Training"_s, badge);
+        QCOMPARE(fontOf(word), u"Inter 10 700"_s);
+        QCOMPARE(colorOf(word), accent);
+        QCOMPARE(colorOf(badge), u"#263b82f6"_s);
+        QCOMPARE(badge->property("radius").toInt(), 4);
+        QCOMPARE(badge->width(), word->implicitWidth() + 16);
+        QCOMPARE(badge->height(), word->implicitHeight() + 8);
+        QCOMPARE(placeIn(card, badge).right(), card->width() - 20);
+        QCOMPARE(std::min(placeIn(card, badge).top(), placeIn(card, folder).top()), 20.0);
+        const double topRow = std::max(placeIn(card, badge).bottom(), placeIn(card, folder).bottom());
+
+        auto *name = screen->text(u"Medical LLM"_s, card);
+        QCOMPARE(fontOf(name), u"Inter 14 500"_s);
+        QCOMPARE(colorOf(name), white);
+        QCOMPARE(placeIn(card, name).topLeft(), QPointF(20, topRow + 16));
+        auto *description = screen->text(u"Fine-tuning Llama for medical Q&A"_s, card);
+        QCOMPARE(fontOf(description), u"Inter 12 400"_s);
+        QCOMPARE(colorOf(description), secondary);
+        QCOMPARE(placeIn(card, description).top() - placeIn(card, name).bottom(), 6.0);
+
+        const auto stats = screen->all(u"StatItem"_s);
+        QCOMPARE(placeIn(card, stats[0]).bottomLeft(), QPointF(20, 180));
+        QCOMPARE(placeIn(card, stats[1]).left() - placeIn(card, stats[0]).right(), 16.0);
+        expectStat(stats[0], u"cpu"_s, u"2"_s, u"Models"_s);
+        expectStat(stats[1], u"cylinder.split.1x2"_s, u"5"_s, u"Datasets"_s);
+
+        auto *updated = screen->text(u"Updated 1 hr ago"_s, card);
+        QCOMPARE(fontOf(updated), u"Inter 11 400"_s);
+        QCOMPARE(colorOf(updated), tertiary);
+        QCOMPARE(placeIn(card, updated).right(), card->width() - 20);
+        QVERIFY(!updated->property("truncated").toBool());
+    }
+
+    void cutsNoAgeInTheSmallestWindowWithTheWidestSidebar()
+    {
+        open({940, 760});
+        load();
+        for (const QString &age : {u"Updated 1 hr ago"_s, u"Updated 1 day ago"_s, u"Updated 2 days ago"_s}) {
+            const auto *label = screen->text(age);
+            QVERIFY2(!label->property("truncated").toBool(), qPrintable(age));
+            QVERIFY(label->property("contentWidth").toDouble() <= label->width());
+        }
+    }
+
+    void coloursTheBadgeByStatus()
+    {
+        open();
+        load();
+        QStringList words;
+        for (auto *badge : screen->all(u"Badge"_s)) {
+            words += badge->property("text").toString() + u" "_s + colorOf(badge, "tint");
+        }
+        QCOMPARE(words, QStringList({u"Training #ff3b82f6"_s, u"Active #ff22c55e"_s, u"Archived #ff71717a"_s}));
+    }
+
+    void liftsTheCardUnderThePointer()
+    {
+        open();
+        load();
+        const auto all = cards();
+        auto *card = all[1];
+        const QPointF middle = placeOf(card).center();
+        screen->hover(card);
+        QVERIFY(card->property("isHovered").toBool());
+        QCOMPARE(card->scale(), 1.02);
+        QCOMPARE(stroke(card), u"#803b82f6"_s);
+        QCOMPARE(placeOf(card).center(), middle);
+        QCOMPARE(all[0]->scale(), 1.0);
+        screen->hover(screen->text(u"Projects"_s));
+        QCOMPARE(card->scale(), 1.0);
+        QCOMPARE(stroke(card), border);
+    }
+
+    void easesIntoTheLiftOver15Hundredths()
+    {
+        world->environment.animations = true;
+        open();
+        load();
+        auto *card = cards().first();
+        QSignalSpy steps(card, &QQuickItem::scaleChanged);
+        screen->hover(card);
+        QVERIFY(card->scale() < 1.02);
+        QVERIFY(eventually([&] { return card->scale() == 1.02; }));
+        QVERIFY(steps.size() > 1);
+    }
+
+    void showsAnyTextAsItStandsAndKeepsTheCardsShape_data()
+    {
+        QTest::addColumn<QString>("text");
+        QTest::newRow("markup") << u"<b>bold</b><br><img src='x'> &amp;"_s;
+        QTest::newRow("quotes") << u"\"O'Neil\" \\ `x`"_s;
+        QTest::newRow("emoji") << u"👩‍👩‍👧‍👧 🚀"_s;
+        QTest::newRow("right to left") << u"نموذج طبي للأسئلة والأجوبة"_s;
+        QTest::newRow("ten thousand letters without a blank") << QString(10'000, u'x');
+        QTest::newRow("ten thousand characters in words") << u"word "_s.repeated(2'000);
+        QTest::newRow("lines") << u"one\ntwo\nthree\nfour"_s;
+        QTest::newRow("right to left and long") << u"نموذج "_s.repeated(1'000);
+    }
+    void showsAnyTextAsItStandsAndKeepsTheCardsShape()
+    {
+        QFETCH(QString, text);
+        open();
+        load();
+        const double other = cards()[1]->height();
+        view->rootObject()->findChild<ProjectsViewModel *>()->createProject(text, text);
+        redraw();
+        auto *card = cards().first();
+        QCOMPARE(card->property("name").toString(), text);
+        QCOMPARE(card->height(), other);
+        QCOMPARE(card->height(), 200.0);
+
+        QList<QQuickItem *> shown;
+        for (auto *label : screen->all(u"Label"_s)) {
+            if (card->isAncestorOf(label) && label->property("text").toString() == text) {
+                shown.append(label);
+            }
+        }
+        QCOMPARE(shown.size(), 2);
+        for (auto *label : shown) {
+            QCOMPARE(label->property("textFormat").toInt(), int(Qt::PlainText));
+            QCOMPARE(placeIn(card, label).left(), 20.0);
+            QCOMPARE(label->width(), card->width() - 40);
+            QVERIFY(label->property("contentWidth").toDouble() <= label->width());
+            QCOMPARE(label->property("effectiveHorizontalAlignment").toInt(), int(Qt::AlignLeft));
+        }
+        QCOMPARE(shown[0]->property("lineCount").toInt(), 1);
+        QVERIFY(shown[1]->property("lineCount").toInt() <= 2);
+        const auto *stats = screen->all(u"StatItem"_s).first();
+        QVERIFY(placeIn(card, shown[1]).bottom() <= placeIn(card, stats).top() - 16);
+        QVERIFY(text.size() < 100 || shown[0]->property("truncated").toBool());
+        QVERIFY(text.size() < 100 || shown[1]->property("truncated").toBool());
+    }
+
+    void keepsAnEmptyLineForAnEmptyDescription()
+    {
+        open();
+        load();
+        view->rootObject()->findChild<ProjectsViewModel *>()->createProject(u"Mine"_s, {});
+        redraw();
+        auto *card = cards().first();
+        QStringList texts;
+        QQuickItem *description = nullptr;
+        for (auto *label : screen->all(u"Label"_s)) {
+            if (card->isAncestorOf(label)) {
+                texts.append(label->property("text").toString());
+                description = texts.last().isEmpty() ? label : description;
+            }
+        }
+        std::sort(texts.begin(), texts.end());
+        QCOMPARE(texts,
+            QStringList({QString(), u"0"_s, u"0"_s, u"Active"_s, u"Datasets"_s, u"Mine"_s, u"Models"_s,
+                u"Updated 0 sec ago"_s}));
+        QVERIFY(description->height() > 10);
+    }
+
+    void keepsTheWordsOfAgeTrueOnDisplay()
+    {
+        open();
+        load();
+        QVERIFY(screen->shows(u"Updated 1 hr ago"_s));
+        world->clock.advance(1h + 1s);
+        redraw();
+        QVERIFY(screen->shows(u"Updated 2 hr ago"_s));
+        QVERIFY(!screen->shows(u"Updated 1 hr ago"_s));
+        close();
+        QCOMPARE(world->clock.scheduledCount(), 0);
+    }
+
+    // Search
+
+    void findsProjectsByWhatIsTyped()
+    {
+        open();
+        load();
+        screen->click(screen->all(u"SearchBox"_s).first());
+        screen->type(u"TICKET"_s);
+        redraw();
+        QCOMPARE(view->rootObject()->property("searchText").toString(), u"TICKET"_s);
+        QCOMPARE(names(), QStringList{u"Customer Support Bot"_s});
+        screen->press(Qt::Key_Escape);
+        redraw();
+        QCOMPARE(view->rootObject()->property("searchText").toString(), QString());
+        QCOMPARE(names().size(), 3);
+    }
+
+    void speaksOfAFirstProjectWhenNothingIsFound()
+    {
+        open();
+        load();
+        search(u"zzz"_s);
+        QVERIFY(cards().isEmpty());
+        auto *symbol = screen->symbol(u"folder.badge.plus"_s);
+        QCOMPARE(symbol->property("size").toInt(), 64);
+        QCOMPARE(colorOf(symbol), tertiary);
+        auto *title = screen->text(u"No Projects Yet"_s);
+        QCOMPARE(fontOf(title), u"Space Grotesk 18 500"_s);
+        QCOMPARE(colorOf(title), white);
+        auto *text = screen->text(u"Create your first project to organize your\nfine-tuning workflows"_s);
+        QCOMPARE(fontOf(text), u"Inter 14 400"_s);
+        QCOMPARE(colorOf(text), secondary);
+        QCOMPARE(text->property("lineCount").toInt(), 2);
+        QCOMPARE(text->property("effectiveHorizontalAlignment").toInt(), int(Qt::AlignHCenter));
+        QCOMPARE(placeOf(text).top() - placeOf(title).bottom(), 8.0);
+        QCOMPARE(placeOf(title).top() - placeOf(symbol).bottom(), 24.0);
+        auto *button = screen->button(u"Create Project"_s);
+        QVERIFY(screen->symbol(u"plus"_s, button));
+        QCOMPARE(placeOf(button).top() - placeOf(text).bottom(), 24.0);
+        QCOMPARE(placeOf(button).center().x(), 490.0);
+
+        screen->click(button);
+        QVERIFY(view->rootObject()->property("showNewProjectSheet").toBool());
+        QVERIFY(sheet());
+    }
+
+    void keepsTheSearchForWhatIsCreated()
+    {
+        open();
+        load();
+        search(u"medical"_s);
+        view->rootObject()->findChild<ProjectsViewModel *>()->createProject(u"Other"_s, {});
+        redraw();
+        QCOMPARE(names(), QStringList{u"Medical LLM"_s});
+        QVERIFY(!screen->shows(u"No Projects Yet"_s));
+    }
+
+    // The sheet
+
+    void hasItsSheetAsTold()
+    {
+        open();
+        load();
+        screen->click(screen->button(u"New Project"_s));
+        redraw();
+        auto *form = sheet();
+        QVERIFY(form);
+        QCOMPARE(form->size(), QSizeF(500, 400));
+        QCOMPARE(placeOf(form).center(), QPointF(490, 380));
+
+        auto *title = screen->text(u"Create New Project"_s);
+        QCOMPARE(fontOf(title), u"Space Grotesk 18 500"_s);
+        QCOMPARE(colorOf(title), white);
+        QCOMPARE(placeIn(form, title).topLeft(), QPointF(24, 24));
+        auto *mark = screen->symbol(u"xmark"_s, form);
+        QCOMPARE(colorOf(mark), secondary);
+        QCOMPARE(placeIn(form, mark).right(), 476.0);
+        QCOMPARE(placeIn(form, mark).center().y(), placeIn(form, title).center().y());
+
+        QList<QQuickItem *> lines;
+        for (auto *line : screen->all(u"Divider"_s)) {
+            if (form->isAncestorOf(line)) {
+                lines.append(line);
+            }
+        }
+        QCOMPARE(lines.size(), 2);
+        QCOMPARE(colorOf(lines[0]), border);
+        QCOMPARE(lines[0]->width(), 500.0);
+        QCOMPARE(placeIn(form, lines[0]).top(), placeIn(form, title).bottom() + 24);
+
+        expectField(form, u"Project Name"_s, u"e.g., Medical LLM Fine-tuning"_s, placeIn(form, lines[0]).bottom() + 24);
+        const auto boxes = fieldBoxes();
+        expectField(form, u"Description"_s, u"Optional description..."_s, placeIn(form, boxes[0]).bottom() + 20);
+        auto *growing = screen->all(u"GrowingField"_s).first();
+        QCOMPARE(growing->property("minimumLines").toInt(), 3.0);
+        QCOMPARE(growing->property("maximumLines").toInt(), 5.0);
+        QVERIFY(placeIn(form, boxes[1]).bottom() + 24 <= placeIn(form, lines[1]).top());
+
+        auto *cancel = screen->button(u"Cancel"_s);
+        auto *create = screen->button(u"Create Project"_s);
+        QVERIFY(QString::fromLatin1(cancel->metaObject()->className()).startsWith(u"SecondaryButton"_s));
+        QVERIFY(QString::fromLatin1(create->metaObject()->className()).startsWith(u"PrimaryButton"_s));
+        QCOMPARE(placeIn(form, create).bottomRight(), QPointF(476, 376));
+        QCOMPARE(placeIn(form, create).top(), placeIn(form, lines[1]).bottom() + 24);
+        QVERIFY(placeIn(form, cancel).right() < placeIn(form, create).left());
+        QCOMPARE(placeOf(cancel).top(), placeOf(create).top());
+    }
+
+    void createsWithTheNameAsItStands_data()
+    {
+        QTest::addColumn<QString>("name");
+        QTest::newRow("word") << u"Mine"_s;
+        QTest::newRow("blanks only") << u"   "_s;
+        QTest::newRow("blanks around") << u"  a b "_s;
+        QTest::newRow("markup") << u"<i>&"_s;
+    }
+    void createsWithTheNameAsItStands()
+    {
+        QFETCH(QString, name);
+        open();
+        load();
+        openSheet();
+        QVERIFY(!screen->button(u"Create Project"_s)->isEnabled());
+        screen->click(screen->button(u"Create Project"_s));
+        QVERIFY(sheet());
+
+        // The first field has the keyboard.
+        screen->type(name);
+        QVERIFY(screen->button(u"Create Project"_s)->isEnabled());
+        screen->press(Qt::Key_Tab);
+        screen->type(u"for tests"_s);
+        screen->click(screen->button(u"Create Project"_s));
+        redraw();
+        QVERIFY(!sheet());
+        QVERIFY(!view->rootObject()->property("showNewProjectSheet").toBool());
+
+        auto *card = cards().first();
+        QCOMPARE(cards().size(), 4);
+        QCOMPARE(card->property("name").toString(), name);
+        QVERIFY(screen->text(u"for tests"_s, card));
+        QVERIFY(screen->text(u"Active"_s, card));
+        QVERIFY(screen->text(u"Updated 0 sec ago"_s, card));
+        for (auto *stat : screen->all(u"StatItem"_s).mid(0, 2)) {
+            QCOMPARE(stat->property("value").toString(), u"0"_s);
+        }
+        // In sight, at the top.
+        QCOMPARE(placeOf(card).left(), 24.0);
+        QCOMPARE(placeOf(card).top(), placeOf(screen->all(u"SearchBox"_s).first()).bottom() + 44);
+    }
+
+    void disablesTheButtonAgainWhenTheNameIsEmptied()
+    {
+        open();
+        load();
+        openSheet();
+        screen->type(u"a"_s);
+        QVERIFY(screen->button(u"Create Project"_s)->isEnabled());
+        screen->press(Qt::Key_Backspace);
+        QVERIFY(!screen->button(u"Create Project"_s)->isEnabled());
+    }
+
+    void closesItsSheetWithoutAProject_data()
+    {
+        QTest::addColumn<QString>("way");
+        for (const char *way : {"Cancel", "Close", "Escape"}) {
+            QTest::newRow(way) << QString::fromLatin1(way);
+        }
+    }
+    void closesItsSheetWithoutAProject()
+    {
+        QFETCH(QString, way);
+        open();
+        load();
+        openSheet();
+        screen->type(u"Mine"_s);
+        if (way == u"Escape"_s) {
+            screen->press(Qt::Key_Escape);
+        } else {
+            screen->click(screen->button(way));
+        }
+        QVERIFY(!sheet());
+        QVERIFY(!view->rootObject()->property("showNewProjectSheet").toBool());
+        QCOMPARE(names().size(), 3);
+        // Opened again it is empty.
+        openSheet();
+        QVERIFY(screen->shows(u"e.g., Medical LLM Fine-tuning"_s));
+        QVERIFY(!screen->button(u"Create Project"_s)->isEnabled());
+    }
+
+    void createsOneProjectHoweverOftenItsButtonIsPressed()
+    {
+        world->environment.animations = true;
+        open();
+        load();
+        openSheet();
+        QVERIFY(eventually([&] { return screen->button(u"Create Project"_s) != nullptr; }));
+        screen->type(u"Mine"_s);
+        auto *button = screen->button(u"Create Project"_s);
+        screen->click(button);
+        // It still fades away.
+        QVERIFY(sheet());
+        screen->click(button);
+        QVERIFY(eventually([&] { return !sheet(); }));
+        QCOMPARE(view->rootObject()->findChild<ProjectsViewModel *>()->projects().size(), 4);
+    }
+
+    void growsTheDescriptionFromThreeToFiveLines()
+    {
+        open();
+        load();
+        openSheet();
+        auto *field = screen->all(u"GrowingField"_s).first();
+        auto *box = fieldBoxes()[1];
+        const double three = field->height();
+        QCOMPARE(box->height(), three + 24);
+        screen->press(Qt::Key_Tab);
+        const double line = three / 3;
+        for (int lines = 2; lines <= 8; ++lines) {
+            screen->press(Qt::Key_Return);
+            QCOMPARE(field->height(), line * std::clamp(lines, 3, 5));
+            QCOMPARE(box->height(), field->height() + 24);
+            // What is typed stays in sight, above the buttons.
+            QVERIFY(placeOf(box).bottom() < placeOf(screen->button(u"Cancel"_s)).top() - 24);
+        }
+        QCOMPARE(sheet()->size(), QSizeF(500, 400));
+        screen->type(u"x"_s);
+        screen->click(screen->text(u"Create New Project"_s));
+    }
+
+    void goesThroughTheSheetByTheTabulator()
+    {
+        open();
+        load();
+        openSheet();
+        screen->type(u"a"_s);
+        QStringList way;
+        for (int i = 0; i < 5; ++i) {
+            const auto *focus = QAccessible::queryAccessibleInterface(view->activeFocusItem());
+            way.append(focus->text(QAccessible::Name));
+            screen->press(Qt::Key_Tab);
+        }
+        QCOMPARE(way, QStringList({u"Project Name"_s, u"Description"_s, u"Cancel"_s, u"Create Project"_s, u"Close"_s}));
+        screen->button(u"Create Project"_s)->forceActiveFocus(Qt::TabFocusReason);
+        screen->press(Qt::Key_Return);
+        redraw();
+        QCOMPARE(names().first(), u"a"_s);
+    }
+
+    // Coming and going
+
+    void dropsWhatWasCreatedWhenItIsLeft()
+    {
+        open();
+        load();
+        view->rootObject()->findChild<ProjectsViewModel *>()->createProject(u"Mine"_s, {});
+        redraw();
+        QCOMPARE(names().size(), 4);
+        search(u"Mine"_s);
+        close();
+        open();
+        QCOMPARE(screen->all(u"Spinner"_s).size(), 1);
+        load();
+        QCOMPARE(names(), QStringList({u"Medical LLM"_s, u"Code Assistant"_s, u"Customer Support Bot"_s}));
+    }
+
+    void canBeLeftWhileItLoads()
+    {
+        open();
+        close();
+        world->clock.advance(1s);
+        QCOMPARE(world->clock.scheduledCount(), 0);
+    }
+
+    void scrollsManyProjectsWithFewCards()
+    {
+        open();
+        load();
+        auto *model = view->rootObject()->findChild<ProjectsViewModel *>();
+        for (int i = 0; i < 300; ++i) {
+            model->createProject(u"Project %1"_s.arg(i), {});
+        }
+        redraw();
+        QCOMPARE(cards().first()->property("name").toString(), u"Project 299"_s);
+        QVERIFY(view->rootObject()->findChildren<QQuickItem *>().size() < 3'000);
+        auto *grid = screen->control(QAccessible::List, u"Projects"_s);
+        grid->forceActiveFocus(Qt::TabFocusReason);
+        screen->press(Qt::Key_End);
+        redraw();
+        QVERIFY(names().contains(u"Customer Support Bot"_s));
+        QCOMPARE(placeOf(cards().last()).bottom(), 760.0 - 24);
+        QVERIFY(cards().size() < 30);
+        screen->press(Qt::Key_Home);
+        redraw();
+        QCOMPARE(cards().first()->property("name").toString(), u"Project 299"_s);
+    }
+
+    void tellsAssistiveProgramsWhatIsThere()
+    {
+        open();
+        load();
+        auto *card = accessible(cards().first());
+        QCOMPARE(card->role(), QAccessible::ListItem);
+        QCOMPARE(card->text(QAccessible::Name), u"Medical LLM"_s);
+        QCOMPARE(card->text(QAccessible::Description), u"Fine-tuning Llama for medical Q&A"_s);
+        const auto *grid = accessible(cards().first()->parentItem()->parentItem());
+        QCOMPARE(grid->role(), QAccessible::List);
+        QCOMPARE(grid->text(QAccessible::Name), u"Projects"_s);
+        openSheet();
+        for (const QString &name : {u"Project Name"_s, u"Description"_s}) {
+            QCOMPARE(accessible(screen->field(name))->role(), QAccessible::EditableText);
+        }
+        for (const QString &name : {u"Close"_s, u"Cancel"_s, u"Create Project"_s}) {
+            QCOMPARE(accessible(screen->button(name))->role(), QAccessible::Button);
+        }
+    }
+
+private:
+    void open(QSize size = {980, 760})
+    {
+        failOnWarnings();
+        view = openView(u"Workspace/ProjectsView.qml"_s, size);
+        screen = std::make_unique<Window>(*view);
+    }
+    void close()
+    {
+        screen.reset();
+        view.reset();
+    }
+    // The grid takes changes over when the next picture is made.
+    void redraw()
+    {
+        settle();
+        view->grabWindow();
+    }
+    void load()
+    {
+        world->clock.advance(500ms);
+        redraw();
+    }
+    void search(const QString &text)
+    {
+        screen->click(screen->all(u"SearchBox"_s).first());
+        screen->type(text);
+        redraw();
+    }
+    void openSheet()
+    {
+        screen->click(screen->button(u"New Project"_s));
+        redraw();
+    }
+
+    QList<QQuickItem *> cards() const { return screen->all(u"ProjectCard"_s); }
+    QStringList names() const
+    {
+        QStringList names;
+        for (const auto *card : cards()) {
+            names.append(card->property("name").toString());
+        }
+        return names;
+    }
+    QQuickItem *sheet() const { return screen->all(u"NewProjectSheet"_s).value(0); }
+    // The boxes around the two inputs of the sheet.
+    QList<QQuickItem *> fieldBoxes() const
+    {
+        QList<QQuickItem *> boxes;
+        for (auto *field : screen->all(u"NewProjectField"_s)) {
+            boxes.append(field->childItems().first()->childItems().at(1));
+        }
+        return boxes;
+    }
+    static QString stroke(const QQuickItem *item)
+    {
+        return item->property("border").value<QObject *>()->property("color").value<QColor>().name(QColor::HexArgb);
+    }
+
+    void expectStat(QQuickItem *stat, const QString &icon, const QString &value, const QString &label) const
+    {
+        auto *symbol = screen->symbol(icon, stat);
+        QVERIFY(symbol);
+        QCOMPARE(symbol->property("size").toInt(), 10);
+        QCOMPARE(colorOf(symbol), tertiary);
+        auto *figure = screen->text(value, stat);
+        QCOMPARE(fontOf(figure), u"Inter 12 500"_s);
+        QCOMPARE(colorOf(figure), white);
+        QCOMPARE(placeIn(stat, figure).left() - placeIn(stat, symbol).right(), 4.0);
+        auto *word = screen->text(label, stat);
+        QCOMPARE(fontOf(word), u"Inter 10 400"_s);
+        QCOMPARE(colorOf(word), tertiary);
+        QCOMPARE(placeIn(stat, word).left() - placeIn(stat, figure).right(), 4.0);
+    }
+
+    void expectField(QQuickItem *form, const QString &label, const QString &placeholder, double top) const
+    {
+        auto *name = screen->text(label, form);
+        QCOMPARE(fontOf(name), u"Inter 14 500"_s);
+        QCOMPARE(colorOf(name), secondary);
+        QCOMPARE(placeIn(form, name).topLeft(), QPointF(24, top));
+        auto *hint = screen->text(placeholder, form);
+        QVERIFY(hint);
+        auto *box = name->parentItem()->childItems().at(1);
+        QCOMPARE(colorOf(box), surface);
+        QCOMPARE(box->property("radius").toInt(), 8);
+        QCOMPARE(placeIn(form, box).top() - placeIn(form, name).bottom(), 8.0);
+        QCOMPARE(box->width(), 452.0);
+        QCOMPARE(placeIn(box, hint).topLeft(), QPointF(12, 12));
+    }
+
+    std::unique_ptr<TestEnvironment> world;
+    std::unique_ptr<QQuickView> view;
+    std::unique_ptr<Window> screen;
+};
+
+QTEST_MAIN(tst_ProjectsView)
+#include "tst_ProjectsView.moc"
