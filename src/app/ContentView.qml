@@ -37,6 +37,6 @@ Rectangle {
         width: 6
         height: view.height
         cursorShape: Qt.SplitHCursor
-        onPositionChanged: mouse => sidebar.width = Math.max(200, Math.min(260, edge.x + mouse.x + 3))
+        onPositionChanged: mouse => sidebar.width = Math.max(200, Math.min(260, edge.x + mouse.x))
     }
 }

@@ -10,8 +10,8 @@ Window {
 
     title: qsTr("Quillmere Studio")
     flags: Qt.Window | Qt.FramelessWindowHint
-    width: Screen.width > 0 ? Screen.width : 1440
-    height: Screen.height > 0 ? Screen.height : 900
+    width: Screen.width > 0 ? Math.max(Screen.width, minimumWidth) : 1440
+    height: Screen.height > 0 ? Math.max(Screen.height, minimumHeight) : 900
     minimumWidth: 1200
     minimumHeight: 800
     color: Theme.background
