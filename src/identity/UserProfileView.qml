@@ -45,7 +45,7 @@ Rectangle {
 
                 Column {
                     anchors.left: avatar.right
-                    anchors.leftMargin: 24
+                    anchors.leftMargin: 8
                     anchors.right: edit.left
                     anchors.rightMargin: 24
                     anchors.verticalCenter: parent.verticalCenter
@@ -111,7 +111,8 @@ Rectangle {
                 Row {
                     id: usage
 
-                    readonly property real cardWidth: (width - 2 * spacing) / 3
+                    // Whole points, so that edges are sharp; the last card takes what is left.
+                    readonly property real cardWidth: Math.floor((width - 2 * spacing) / 3)
 
                     width: parent.width
                     spacing: 16
@@ -133,7 +134,7 @@ Rectangle {
                     }
 
                     UsageCard {
-                        width: usage.cardWidth
+                        width: usage.width - x
                         title: qsTr("API Calls")
                         value: "12k / 50k"
                         progress: 0.24

@@ -3,8 +3,11 @@ import Quillmere.Controls
 import Quillmere.Tools
 
 Sheet {
+    id: sheet
+
     contentWidth: 900
-    contentHeight: 700
+    // As high as the wizard's highest step, where the window leaves room for it.
+    contentHeight: Math.max(700, Math.min(776, sheet.parent.height - 40))
     hasCloseMark: true
     title: qsTr("New Training")
     fillColor: "black"
