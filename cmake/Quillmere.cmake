@@ -83,7 +83,7 @@ endfunction()
 # A test program of one source file named after it, registered with CTest. WITH names what it needs around it:
 # "display" (an X server with a window manager), "keyring" (a session bus with a Secret Service).
 function(quillmere_test name)
-    cmake_parse_arguments(arg "" "WITH;TIMEOUT" "SOURCES;LINK;LABELS" ${ARGN})
+    cmake_parse_arguments(arg "" "TIMEOUT" "WITH;SOURCES;LINK;LABELS" ${ARGN})
     if(NOT arg_TIMEOUT)
         set(arg_TIMEOUT 120)
     endif()

@@ -49,6 +49,7 @@ Item {
         symbol: control.symbol
         symbolSize: control.symbolSize
         busy: control.busy
+        iconOnly: control.text.length === 0 && control.symbol.length > 0
         color: control.labelColor
         spacing: control.spacing
     }

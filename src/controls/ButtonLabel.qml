@@ -10,6 +10,7 @@ Item {
     required property string symbol
     required property real symbolSize
     required property bool busy
+    required property bool iconOnly
     required property color color
     required property real spacing
 
@@ -17,8 +18,8 @@ Item {
     readonly property real leadWidth: (hasLead ? lead.width : 0) + (hasLead && label.visible ? spacing : 0)
 
     implicitWidth: leadWidth + (label.visible ? label.implicitWidth : 0)
-    // A button keeps its height while its spinner shows.
-    implicitHeight: Math.max(symbol.length > 0 ? icon.implicitHeight : 0, line.height)
+    // Buttons with words are alike in height, with a symbol or a spinner beside them or without.
+    implicitHeight: iconOnly ? icon.implicitHeight : line.height
 
     Item {
         id: lead

@@ -49,9 +49,8 @@ void PopoverFrame::paint(QPainter *painter)
     // Half a point in from every edge, where a stroke of one point lies whole.
     const QRectF panel = QRectF(0, arrowHeight(), width(), height() - arrowHeight()).adjusted(0.5, 0.5, -0.5, -0.5);
     const double reach = radius + halfArrow;
-    const double tip = panel.width() < 2 * reach
-        ? panel.center().x()
-        : std::clamp(m_arrowX, panel.left() + reach, panel.right() - reach);
+    const double tip = panel.width() < 2 * reach ? panel.center().x()
+                                                 : std::clamp(m_arrowX, panel.left() + reach, panel.right() - reach);
 
     QPainterPath outline;
     outline.addRoundedRect(panel, radius, radius);

@@ -88,8 +88,7 @@ bool Spokes::eventFilter(QObject *watched, QEvent *event)
 
 void Spokes::turnWhileSeen()
 {
-    const bool turns
-        = isVisible() && m_window && m_window->isExposed() && Environment::current().animations;
+    const bool turns = isVisible() && m_window && m_window->isExposed() && Environment::current().animations;
     if (turns == m_timer.isActive()) {
         return;
     }

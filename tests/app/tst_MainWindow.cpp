@@ -2,7 +2,7 @@
 #include "app/RootViewState.h"
 #include "app/SidebarItem.h"
 #include "identity/AuthManager.h"
-#include "identity/LoginViewModel.h"
+#include "platform/Alerts.h"
 #include "support/CapturedOutput.h"
 #include "support/TestEnvironment.h"
 #include "support/Window.h"
@@ -210,6 +210,7 @@ private slots:
         QCOMPARE(output.lines().size(), 1);
         QVERIFY(output.lines().constFirst().startsWith(u"Failed to fetch user on launch: "_s));
         QVERIFY(isMain());
+        QVERIFY(!Alerts::shared().isUp());
         QVERIFY(m_window->shows(u"Guest"_s));
         QCOMPARE(m_world->secrets.peek(auth().tokenKey).value_or(u"none"_s), u"a token"_s);
     }

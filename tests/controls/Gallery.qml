@@ -30,14 +30,13 @@ Rectangle {
         }
     }
 
-    width: 1200
-    height: 900
     color: Theme.background
 
     Flow {
         anchors.fill: parent
         anchors.margins: 24
-        spacing: 28
+        anchors.topMargin: 40
+        spacing: 24
 
         Cell {
             title: "PrimaryButton: rest, hovered, pressed, focused, disabled, busy"

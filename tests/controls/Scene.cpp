@@ -17,10 +17,12 @@ Scene::Scene(const QString &qml, bool animations)
     environment.animations = animations;
     Theme::registerFonts();
     view.engine()->addImportPath(u"qrc:/qt/qml"_s);
+    view.setColor(Theme::background());
     view.resize(800, 600);
 
     auto *component = new QQmlComponent(view.engine(), &view);
-    const QString text = u"import QtQuick\nimport Quillmere.Controls\nimport Quillmere.Theme\nItem {\nid: root\nwidth: 800\nheight: 600\n"_s
+    const QString text =
+        u"import QtQuick\nimport Quillmere.Controls\nimport Quillmere.Theme\nItem {\nid: root\nwidth: 800\nheight: 600\n"_s
         + qml + u"\n}"_s;
     component->setData(text.toUtf8(), QUrl(u"qrc:/Scene.qml"_s));
     auto *root = qobject_cast<QQuickItem *>(component->create());
@@ -86,8 +88,8 @@ void Scene::type(const QString &text)
 void Scene::turnWheel(const QString &name, QPoint angle, QPoint pixels)
 {
     const QPointF position = middle(item(name));
-    QWheelEvent event(position, view.mapToGlobal(position), pixels, angle, Qt::NoButton, Qt::NoModifier,
-        Qt::NoScrollPhase, false);
+    QWheelEvent event(
+        position, view.mapToGlobal(position), pixels, angle, Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
     QCoreApplication::sendEvent(&view, &event);
 }
 

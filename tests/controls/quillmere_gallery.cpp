@@ -1,4 +1,5 @@
-// Shows every shared control in its states in a window, or with the name of a file as its argument writes a picture of them there.
+// Shows the shared controls in their states in a window: "quillmere_gallery", or a page of it, "quillmere_gallery Popups". With
+// the name of a file behind the page it writes a picture there.
 
 #include "app/theme/Theme.h"
 #include "platform/Environment.h"
@@ -6,9 +7,10 @@
 #include <QGuiApplication>
 #include <QImage>
 #include <QPainter>
+#include <QQmlComponent>
 #include <QQmlEngine>
 #include <QQuickItem>
-#include <QQuickView>
+#include <QQuickWindow>
 #include <QTest>
 
 using namespace Qt::StringLiterals;
@@ -16,17 +18,20 @@ using namespace quillmere;
 
 namespace {
 
-constexpr int margin = 5; // a focus ring lies outside of its control
+const QPoint away(1, 1);
+constexpr int margin = 6; // a focus ring lies outside of its control
 
 // One pointer and one keyboard cannot be everywhere at once: each control that is to be seen hovered, pressed or focused
 // is brought there by itself, and its place is cut out of a picture of its own.
-QImage withStates(QQuickView &view)
+QImage withStates(QQuickWindow &view)
 {
-    QTest::mouseMove(&view, QPoint(1, 1));
+    QTest::mouseMove(&view, away);
     QImage picture = view.grabWindow();
-    const double ratio = picture.devicePixelRatio();
+    // The picture is worked on in its own pixels.
+    const double ratio = double(picture.width()) / view.width();
+    picture.setDevicePixelRatio(1);
     for (const QString &state : {u"hovered"_s, u"pressed"_s, u"focused"_s, u"field"_s}) {
-        for (auto *item : view.rootObject()->findChildren<QQuickItem *>(state)) {
+        for (auto *item : view.findChildren<QQuickItem *>(state)) {
             const QRectF place = item->mapRectToScene(item->boundingRect());
             const QPoint middle = place.center().toPoint();
             if (state == u"hovered"_s || state == u"pressed"_s) {
@@ -42,14 +47,15 @@ QImage withStates(QQuickView &view)
                 QTest::mouseDClick(&view, Qt::LeftButton, {}, QPoint(int(place.left()) + 20, middle.y()));
             }
             const QRect cut = place.adjusted(-margin, -margin, margin, margin).toAlignedRect();
-            const QImage part = view.grabWindow().copy(
-                QRect((QPointF(cut.topLeft()) * ratio).toPoint(), cut.size() * ratio));
+            const QRect pixels((QPointF(cut.topLeft()) * ratio).toPoint(), cut.size() * ratio);
+            QImage now = view.grabWindow();
+            now.setDevicePixelRatio(1);
             QPainter painter(&picture);
-            painter.drawImage(cut.topLeft(), part);
+            painter.drawImage(pixels, now, pixels);
             if (state == u"pressed"_s) {
                 QTest::mouseRelease(&view, Qt::LeftButton, {}, middle);
             }
-            QTest::mouseMove(&view, QPoint(1, 1));
+            QTest::mouseMove(&view, away);
         }
     }
     return picture;
@@ -62,19 +68,23 @@ int main(int argc, char *argv[])
     qputenv("QML_DISABLE_DISK_CACHE", "1");
     QGuiApplication application(argc, argv);
     const auto environment = Environment::real();
-    const bool takesPicture = argc > 1;
+    const QString page = argc > 1 ? QString::fromLocal8Bit(argv[1]) : u"Gallery"_s;
+    const bool takesPicture = argc > 2;
     environment->animations = !takesPicture;
     Theme::registerFonts();
 
-    QQuickView view;
-    view.engine()->addImportPath(u"qrc:/qt/qml"_s);
-    view.setSource(QUrl(u"qrc:/Gallery.qml"_s));
-    view.show();
-    if (view.status() != QQuickView::Ready || !QTest::qWaitForWindowExposed(&view)) {
+    QQmlEngine engine;
+    engine.addImportPath(u"qrc:/qt/qml"_s);
+    QQmlComponent component(&engine, QUrl(u"qrc:/GalleryWindow.qml"_s));
+    const std::unique_ptr<QObject> made(
+        component.createWithInitialProperties({{u"page"_s, QUrl(u"qrc:/"_s + page + u".qml"_s)}}));
+    auto *window = qobject_cast<QQuickWindow *>(made.get());
+    if (!window || !QTest::qWaitForWindowExposed(window)) {
+        qWarning("%s", qPrintable(component.errorString()));
         return 1;
     }
     if (takesPicture) {
-        return withStates(view).save(QString::fromLocal8Bit(argv[1])) ? 0 : 1;
+        return withStates(*window).save(QString::fromLocal8Bit(argv[2])) ? 0 : 1;
     }
     return QGuiApplication::exec();
 }

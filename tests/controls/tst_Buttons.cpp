@@ -31,7 +31,7 @@ private slots:
     void showsFocusOfTheKeyboardOnly();
     void isDimmedAndDeafWhenDisabled();
     void isDeafAndShowsASpinnerWhenBusy();
-    void keepsItsHeightWhenBusy();
+    void keepsItsHeightWithASymbolAndWhenBusy();
     void dimsWhilePressedAsItsStyleSays_data();
     void dimsWhilePressedAsItsStyleSays();
     void cutsALabelThatDoesNotFit();
@@ -80,11 +80,13 @@ void tst_Buttons::isPressedByMouseAndKeyboard()
 
 void tst_Buttons::showsItsLabelAsItStands()
 {
-    Scene scene(counting(u"PrimaryButton { objectName: \"it\"; text: \"Verify & <b>Create</b>\"; onClicked: ++root.clicks }"_s));
+    Scene scene(counting(
+        u"PrimaryButton { objectName: \"it\"; text: \"Verify & <b>Create</b>\"; onClicked: ++root.clicks }"_s));
     bool shown = false;
     for (const auto *child : scene.item(u"it"_s)->findChildren<QQuickItem *>()) {
         shown = shown
-            || (child->property("text").toString() == u"Verify & <b>Create</b>"_s && child->property("textFormat").toInt() == Qt::PlainText);
+            || (child->property("text").toString() == u"Verify & <b>Create</b>"_s
+                && child->property("textFormat").toInt() == Qt::PlainText);
     }
     QVERIFY(shown);
     QCOMPARE(scene.accessible(u"it"_s)->text(QAccessible::Name), u"Verify & <b>Create</b>"_s);
@@ -162,7 +164,8 @@ void tst_Buttons::showsFocusOfTheKeyboardOnly()
 
 void tst_Buttons::isDimmedAndDeafWhenDisabled()
 {
-    Scene scene(counting(u"PrimaryButton { objectName: \"it\"; enabled: false; text: \"A\"; onClicked: ++root.clicks }"_s));
+    Scene scene(
+        counting(u"PrimaryButton { objectName: \"it\"; enabled: false; text: \"A\"; onClicked: ++root.clicks }"_s));
     scene.click(u"it"_s);
     scene.press(Qt::Key_Tab);
     scene.press(Qt::Key_Return);
@@ -173,7 +176,8 @@ void tst_Buttons::isDimmedAndDeafWhenDisabled()
 
 void tst_Buttons::isDeafAndShowsASpinnerWhenBusy()
 {
-    Scene scene(counting(u"PrimaryButton { objectName: \"it\"; busy: true; symbol: \"bolt\"; text: \"Start\"; busyText: \"Starting...\"; onClicked: ++root.clicks }"_s));
+    Scene scene(counting(
+        u"PrimaryButton { objectName: \"it\"; busy: true; symbol: \"bolt\"; text: \"Start\"; busyText: \"Starting...\"; onClicked: ++root.clicks }"_s));
     scene.click(u"it"_s);
     scene.press(Qt::Key_Space);
     scene.press(Qt::Key_Return);
@@ -194,11 +198,13 @@ void tst_Buttons::isDeafAndShowsASpinnerWhenBusy()
     QCOMPARE(scene.item(u"it"_s)->opacity(), 1.0);
 }
 
-void tst_Buttons::keepsItsHeightWhenBusy()
+void tst_Buttons::keepsItsHeightWithASymbolAndWhenBusy()
 {
     Scene scene(u"PrimaryButton { objectName: \"it\"; text: \"Continue\" }"_s);
     const double height = scene.item(u"it"_s)->height();
     QVERIFY(height > 16);
+    scene.item(u"it"_s)->setProperty("symbol", u"plus"_s);
+    QCOMPARE(scene.item(u"it"_s)->height(), height);
     scene.item(u"it"_s)->setProperty("busy", true);
     QCOMPARE(scene.item(u"it"_s)->height(), height);
 }
@@ -225,7 +231,8 @@ void tst_Buttons::dimsWhilePressedAsItsStyleSays()
 
 void tst_Buttons::cutsALabelThatDoesNotFit()
 {
-    Scene scene(u"PrimaryButton { objectName: \"it\"; width: 100; symbol: \"plus\"; text: \"A label of quite some length\" }"_s);
+    Scene scene(
+        u"PrimaryButton { objectName: \"it\"; width: 100; symbol: \"plus\"; text: \"A label of quite some length\" }"_s);
     const QRectF button = scene.item(u"it"_s)->mapRectToScene(scene.item(u"it"_s)->boundingRect());
     bool cut = false;
     for (const auto *child : scene.item(u"it"_s)->findChildren<QQuickItem *>()) {
@@ -269,17 +276,19 @@ namespace {
 
 const auto pills = u"property int chosen: 0\n"
                    "PillRow { Repeater { model: [\"All\", \"Running\", \"Failed\"]\n"
-                   "Pill { required property int index; required property string modelData; objectName: \"pill\" + index; text: modelData\n"
+                   "Pill { required property int index; required property string modelData; objectName: \"pill\" + "
+                   "index; text: modelData\n"
                    "selected: root.chosen === index; onClicked: root.chosen = index } } }"_s;
 
 } // namespace
 
 void tst_Buttons::marksTheSelectedPill()
 {
-    Scene scene(u"property int chosen: 0\n"
-                "PillRow {\n"
-                "Pill { objectName: \"first\"; text: \"All\"; selected: root.chosen === 0; onClicked: root.chosen = 0 }\n"
-                "Pill { objectName: \"second\"; text: \"Running\"; selected: root.chosen === 1; onClicked: root.chosen = 1 } }"_s);
+    Scene scene(
+        u"property int chosen: 0\n"
+        "PillRow {\n"
+        "Pill { objectName: \"first\"; text: \"All\"; selected: root.chosen === 0; onClicked: root.chosen = 0 }\n"
+        "Pill { objectName: \"second\"; text: \"Running\"; selected: root.chosen === 1; onClicked: root.chosen = 1 } }"_s);
     QCOMPARE(scene.item(u"first"_s)->property("fillColor").value<QColor>(), QColor(0x3B, 0x82, 0xF6));
     QCOMPARE(scene.item(u"second"_s)->property("fillColor").value<QColor>(), QColor(0x12, 0x12, 0x14));
     scene.click(u"second"_s);

@@ -32,8 +32,10 @@ private slots:
 void tst_Fields::takesWhatIsTypedAndTellsItsOwner_data()
 {
     QTest::addColumn<QString>("field");
-    QTest::newRow("plain") << u"PlainField { label: \"A\"; objectName: \"it\"; width: 200; onTextEdited: root.typed = text; onAccepted: root.accepted = true }"_s;
-    QTest::newRow("rounded") << u"RoundedField { label: \"A\"; objectName: \"it\"; onTextEdited: root.typed = text; onAccepted: root.accepted = true }"_s;
+    QTest::newRow("plain")
+        << u"PlainField { label: \"A\"; objectName: \"it\"; width: 200; onTextEdited: root.typed = text; onAccepted: root.accepted = true }"_s;
+    QTest::newRow("rounded")
+        << u"RoundedField { label: \"A\"; objectName: \"it\"; onTextEdited: root.typed = text; onAccepted: root.accepted = true }"_s;
 }
 
 void tst_Fields::takesWhatIsTypedAndTellsItsOwner()
@@ -72,11 +74,15 @@ void tst_Fields::hasANameForAssistivePrograms_data()
 {
     QTest::addColumn<QString>("field");
     QTest::addColumn<QString>("name");
-    QTest::newRow("plain") << u"PlainField { objectName: \"it\"; label: \"Email\"; placeholderText: \"ada\" }"_s << u"Email"_s;
-    QTest::newRow("rounded") << u"RoundedField { label: \"Name\"; Component.onCompleted: field.objectName = \"it\" }"_s << u"Name"_s;
-    QTest::newRow("growing") << u"GrowingField { label: \"Text\"; Component.onCompleted: field.objectName = \"it\" }"_s << u"Text"_s;
-    QTest::newRow("search") << u"SearchBox { placeholderText: \"Search models...\"; Component.onCompleted: field.objectName = \"it\" }"_s
-                            << u"Search models..."_s;
+    QTest::newRow("plain") << u"PlainField { objectName: \"it\"; label: \"Email\"; placeholderText: \"ada\" }"_s
+                           << u"Email"_s;
+    QTest::newRow("rounded") << u"RoundedField { label: \"Name\"; Component.onCompleted: field.objectName = \"it\" }"_s
+                             << u"Name"_s;
+    QTest::newRow("growing") << u"GrowingField { label: \"Text\"; Component.onCompleted: field.objectName = \"it\" }"_s
+                             << u"Text"_s;
+    QTest::newRow("search")
+        << u"SearchBox { placeholderText: \"Search models...\"; Component.onCompleted: field.objectName = \"it\" }"_s
+        << u"Search models..."_s;
 }
 
 void tst_Fields::hasANameForAssistivePrograms()
@@ -202,8 +208,9 @@ void tst_Fields::breaksLinesByReturn()
 
 void tst_Fields::handsItsTextInByReturnWhereToldSo()
 {
-    Scene scene(u"property int accepted: 0\n"
-                "GrowingField { objectName: \"it\"; label: \"A\"; returnAccepts: true; onAccepted: ++root.accepted }"_s);
+    Scene scene(
+        u"property int accepted: 0\n"
+        "GrowingField { objectName: \"it\"; label: \"A\"; returnAccepts: true; onAccepted: ++root.accepted }"_s);
     scene.click(u"it"_s);
     scene.type(u"a"_s);
     scene.press(Qt::Key_Return, Qt::ShiftModifier);

@@ -43,16 +43,20 @@ private slots:
 
 namespace {
 
-const auto twoSheets = u"property bool first: true\nproperty bool second: false\nproperty int clicks: 0\n"
-                       "PrimaryButton { objectName: \"below\"; text: \"Below\"; onClicked: ++root.clicks }\n"
-                       "Sheet { objectName: \"a\"; title: \"A\"; visible: root.first; contentWidth: 500; contentHeight: 400; onClosed: root.first = false\n"
-                       "content: Item { SecondaryButton { objectName: \"inside\"; focus: true; text: \"Inside\"; onClicked: root.second = true } } }\n"
-                       "Sheet { objectName: \"b\"; title: \"B\"; visible: root.second; contentWidth: 300; contentHeight: 200; onClosed: root.second = false }"_s;
+const auto twoSheets =
+    u"property bool first: true\nproperty bool second: false\nproperty int clicks: 0\n"
+    "PrimaryButton { objectName: \"below\"; text: \"Below\"; onClicked: ++root.clicks }\n"
+    "Sheet { objectName: \"a\"; title: \"A\"; visible: root.first; contentWidth: 500; contentHeight: 400; onClosed: "
+    "root.first = false\n"
+    "content: Item { SecondaryButton { objectName: \"inside\"; focus: true; text: \"Inside\"; onClicked: root.second = "
+    "true } } }\n"
+    "Sheet { objectName: \"b\"; title: \"B\"; visible: root.second; contentWidth: 300; contentHeight: 200; onClosed: root.second = false }"_s;
 
-const auto alert = u"property bool asks: true\nproperty var answers: []\n"
-                   "PrimaryButton { objectName: \"below\"; text: \"Below\"; onClicked: root.answers = root.answers.concat(-1) }\n"
-                   "AlertPanel { objectName: \"alert\"; title: \"Update Available\"; text: \"Version 2.0.0 & more\"\n"
-                   "visible: root.asks; buttons: [\"Download\", \"Later\", \"Never\"]; onAnswered: index => root.answers = root.answers.concat(index) }"_s;
+const auto alert =
+    u"property bool asks: true\nproperty var answers: []\n"
+    "PrimaryButton { objectName: \"below\"; text: \"Below\"; onClicked: root.answers = root.answers.concat(-1) }\n"
+    "AlertPanel { objectName: \"alert\"; title: \"Update Available\"; text: \"Version 2.0.0 & more\"\n"
+    "visible: root.asks; buttons: [\"Download\", \"Later\", \"Never\"]; onAnswered: index => root.answers = root.answers.concat(index) }"_s;
 
 QList<int> answers(const Scene &scene)
 {
@@ -71,7 +75,7 @@ QQuickItem *button(const Scene &scene, const QString &text)
         }
     }
     // The items of a popup hang below the window's overlay by their visual parents.
-    QList<QQuickItem *> open {scene.view.contentItem()};
+    QList<QQuickItem *> open{scene.view.contentItem()};
     while (!open.isEmpty()) {
         auto *item = open.takeLast();
         if (item->property("text").toString() == text && item->metaObject()->indexOfMethod("press()") >= 0) {
@@ -124,9 +128,11 @@ void tst_Overlays::closesTheTopmostSheetByEscape()
 
 void tst_Overlays::letsTheSearchInASheetHaveEscapeFirst()
 {
-    Scene scene(u"property bool shows: true\n"
-                "Sheet { title: \"A\"; visible: root.shows; contentWidth: 300; contentHeight: 200; onClosed: root.shows = false\n"
-                "content: FocusScope { SearchBox { placeholderText: \"Search\"; Component.onCompleted: field.forceActiveFocus() } } }"_s);
+    Scene scene(
+        u"property bool shows: true\n"
+        "Sheet { title: \"A\"; visible: root.shows; contentWidth: 300; contentHeight: 200; onClosed: root.shows = "
+        "false\n"
+        "content: FocusScope { SearchBox { placeholderText: \"Search\"; Component.onCompleted: field.forceActiveFocus() } } }"_s);
     scene.type(u"a"_s);
     scene.press(Qt::Key_Escape);
     QVERIFY(scene.value(u"shows"_s).toBool());
@@ -156,9 +162,10 @@ void tst_Overlays::keepsTheTabulatorInsideASheet()
 
 void tst_Overlays::givesTheFocusBackWhenASheetCloses()
 {
-    Scene scene(u"property bool shows: false\n"
-                "PrimaryButton { objectName: \"opens\"; text: \"Open\"; onClicked: root.shows = true }\n"
-                "Sheet { title: \"A\"; visible: root.shows; contentWidth: 300; contentHeight: 200; onClosed: root.shows = false }"_s);
+    Scene scene(
+        u"property bool shows: false\n"
+        "PrimaryButton { objectName: \"opens\"; text: \"Open\"; onClicked: root.shows = true }\n"
+        "Sheet { title: \"A\"; visible: root.shows; contentWidth: 300; contentHeight: 200; onClosed: root.shows = false }"_s);
     scene.press(Qt::Key_Tab);
     QVERIFY(scene.item(u"opens"_s)->hasActiveFocus());
     scene.press(Qt::Key_Return);
@@ -170,8 +177,9 @@ void tst_Overlays::givesTheFocusBackWhenASheetCloses()
 
 void tst_Overlays::closesByTheMarkOfItsHost()
 {
-    Scene scene(u"property bool shows: true\n"
-                "Sheet { title: \"A\"; visible: root.shows; hasCloseMark: true; contentWidth: 300; contentHeight: 200; onClosed: root.shows = false }"_s);
+    Scene scene(
+        u"property bool shows: true\n"
+        "Sheet { title: \"A\"; visible: root.shows; hasCloseMark: true; contentWidth: 300; contentHeight: 200; onClosed: root.shows = false }"_s);
     // 12 points off the top right corner of a sheet in the middle of the window.
     QTest::mouseClick(&scene.view, Qt::LeftButton, {}, QPoint(550 - 12 - 10, 200 + 12 + 10));
     QVERIFY(!scene.value(u"shows"_s).toBool());
@@ -191,7 +199,8 @@ void tst_Overlays::fadesASheetOverTheStandardTime()
 void tst_Overlays::answersAnAlertByItsButtons()
 {
     Scene scene(alert);
-    for (const auto &[text, index] : {std::pair(u"Download"_s, 0), std::pair(u"Later"_s, 1), std::pair(u"Never"_s, 2)}) {
+    for (const auto &[text, index] :
+        {std::pair(u"Download"_s, 0), std::pair(u"Later"_s, 1), std::pair(u"Never"_s, 2)}) {
         QTest::mouseClick(&scene.view, Qt::LeftButton, {}, scene.middle(button(scene, text)));
         QCOMPARE(answers(scene).constLast(), index);
     }
@@ -229,8 +238,9 @@ void tst_Overlays::asksOnceMoreAfterAnAnswer()
 
 void tst_Overlays::hasNothingForEscapeWhereAnAlertHasOneButton()
 {
-    Scene scene(u"property var answers: []\n"
-                "AlertPanel { objectName: \"alert\"; visible: true; title: \"A\"; text: \"B\"; buttons: [\"OK\"]; onAnswered: index => root.answers = root.answers.concat(index) }"_s);
+    Scene scene(
+        u"property var answers: []\n"
+        "AlertPanel { objectName: \"alert\"; visible: true; title: \"A\"; text: \"B\"; buttons: [\"OK\"]; onAnswered: index => root.answers = root.answers.concat(index) }"_s);
     scene.press(Qt::Key_Escape);
     QCOMPARE(answers(scene), QList<int>());
     QVERIFY(scene.object(u"alert"_s)->property("visible").toBool());
@@ -285,9 +295,11 @@ void tst_Overlays::readsAnAlertOut()
 
 namespace {
 
-const auto popover = u"property bool shows: false\n"
-                     "IconButton { objectName: \"button\"; x: 400; y: 100; symbol: \"cpu\"; label: \"Monitor\"; onClicked: root.shows = !root.shows\n"
-                     "Popover { objectName: \"popover\"; visible: root.shows; contentWidth: 320; contentHeight: 280; onDismissed: root.shows = false } }"_s;
+const auto popover =
+    u"property bool shows: false\n"
+    "IconButton { objectName: \"button\"; x: 400; y: 100; symbol: \"cpu\"; label: \"Monitor\"; onClicked: root.shows = "
+    "!root.shows\n"
+    "Popover { objectName: \"popover\"; visible: root.shows; contentWidth: 320; contentHeight: 280; onDismissed: root.shows = false } }"_s;
 
 } // namespace
 
@@ -346,14 +358,16 @@ void tst_Overlays::keepsAPopoverInsideTheWindow()
 
 namespace {
 
-const auto menu = u"property string chosen\n"
-                  "BorderedButton { objectName: \"button\"; x: 50; y: 50; text: \"Add Node\"; onClicked: menu.toggle()\n"
-                  "Menu { id: menu; objectName: \"menu\"\n"
-                  "MenuSection { text: \"Tools\" }\n"
-                  "MenuItem { objectName: \"search\"; symbol: \"magnifyingglass\"; text: \"Search\"; onTriggered: root.chosen = text }\n"
-                  "MenuItem { objectName: \"off\"; enabled: false; text: \"Off\"; onTriggered: root.chosen = text }\n"
-                  "MenuDivider {}\n"
-                  "MenuItem { objectName: \"call\"; text: \"API Call\"; onTriggered: root.chosen = text } } }"_s;
+const auto menu =
+    u"property string chosen\n"
+    "BorderedButton { objectName: \"button\"; x: 50; y: 50; text: \"Add Node\"; onClicked: menu.toggle()\n"
+    "Menu { id: menu; objectName: \"menu\"\n"
+    "MenuSection { text: \"Tools\" }\n"
+    "MenuItem { objectName: \"search\"; symbol: \"magnifyingglass\"; text: \"Search\"; onTriggered: root.chosen = text "
+    "}\n"
+    "MenuItem { objectName: \"off\"; enabled: false; text: \"Off\"; onTriggered: root.chosen = text }\n"
+    "MenuDivider {}\n"
+    "MenuItem { objectName: \"call\"; text: \"API Call\"; onTriggered: root.chosen = text } } }"_s;
 
 } // namespace
 

@@ -272,9 +272,10 @@ void tst_Panels::showsAnotherStrokeWhileTheCardIsHovered()
 
 void tst_Panels::showsWhyThereIsNothingAndWhatToDo()
 {
-    Scene scene(u"property int clicks: 0\n"
-                "EmptyState { objectName: \"it\"; width: 400; height: 400; symbol: \"terminal\"; title: \"No Training Jobs\"\n"
-                "text: \"Start\"; buttonIcon: \"sparkles\"; buttonText: \"Start Training\"; onButtonClicked: ++root.clicks }"_s);
+    Scene scene(
+        u"property int clicks: 0\n"
+        "EmptyState { objectName: \"it\"; width: 400; height: 400; symbol: \"terminal\"; title: \"No Training Jobs\"\n"
+        "text: \"Start\"; buttonIcon: \"sparkles\"; buttonText: \"Start Training\"; onButtonClicked: ++root.clicks }"_s);
     scene.press(Qt::Key_Tab);
     scene.press(Qt::Key_Return);
     QCOMPARE(scene.count(u"clicks"_s), 1);
@@ -282,7 +283,8 @@ void tst_Panels::showsWhyThereIsNothingAndWhatToDo()
 
 void tst_Panels::hasNoButtonWithoutAText()
 {
-    Scene scene(u"EmptyState { objectName: \"it\"; width: 400; height: 400; symbol: \"cpu\"; title: \"No Models Found\"; text: \"Try\" }"_s);
+    Scene scene(
+        u"EmptyState { objectName: \"it\"; width: 400; height: 400; symbol: \"cpu\"; title: \"No Models Found\"; text: \"Try\" }"_s);
     scene.press(Qt::Key_Tab);
     for (const auto *child : scene.item(u"it"_s)->findChildren<QQuickItem *>()) {
         QVERIFY(!child->hasActiveFocus());
@@ -292,7 +294,8 @@ void tst_Panels::hasNoButtonWithoutAText()
 namespace {
 
 // The marks belong to a window of the application's own kind.
-const auto framed = u"Window { id: own; objectName: \"own\"; width: 800; height: 600; visible: true; flags: Qt.Window | Qt.FramelessWindowHint\n"
+const auto framed = u"Window { id: own; objectName: \"own\"; width: 800; height: 600; visible: true; flags: Qt.Window "
+                    u"| Qt.FramelessWindowHint\n"
                     "TitleStrip { objectName: \"strip\"; width: own.width; window: own }\n"
                     "ResizeEdges { objectName: \"edges\"; anchors.fill: parent; window: own } }"_s;
 
@@ -367,8 +370,8 @@ void tst_Panels::hasAGlyphForEverySymbolInTheSources()
     static const QRegularExpression words(
         uR"RX("((?:arrow|bubble|chart|checkmark|chevron|cylinder|doc|exclamationmark|folder|link|person|play|plus|rectangle|server|slider|square|star|stop|text|xmark)\.[a-z0-9.]+)")RX"_s);
     int found = 0;
-    for (QDirIterator files(QStringLiteral(SOURCES), {u"*.qml"_s, u"*.cpp"_s, u"*.h"_s}, QDir::Files,
-             QDirIterator::Subdirectories);
+    for (QDirIterator files(
+             QStringLiteral(SOURCES), {u"*.qml"_s, u"*.cpp"_s, u"*.h"_s}, QDir::Files, QDirIterator::Subdirectories);
          files.hasNext();) {
         QFile file(files.next());
         QVERIFY(file.open(QIODevice::ReadOnly));

@@ -1,5 +1,6 @@
 #include "platform/SystemClock.h"
 
+#include <QAbstractEventDispatcher>
 #include <QTest>
 
 #include <memory>
@@ -51,6 +52,7 @@ private slots:
         m_clock->schedule(90ms, note(u"second"_s));
         QVERIFY(ran(2));
         QCOMPARE(m_ran, QStringList({u"first"_s, u"second"_s}));
+        QCOMPARE(QAbstractEventDispatcher::instance()->registeredTimers(m_clock.get()).size(), 0);
         QVERIFY2(end - start >= 30ms, QByteArray::number(qint64((end - start).count())));
     }
 
