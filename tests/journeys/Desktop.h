@@ -1,0 +1,31 @@
+#pragma once
+
+#include <QPoint>
+#include <QString>
+#include <QStringList>
+
+// The X session around a journey: its keyboard and pointer, its windows, and its choice of browser.
+namespace desktop {
+
+// By X's names of keys, "Return" or "alt+F4" say.
+bool press(const QString &key);
+bool type(const QString &text);
+bool click(QPoint place);
+
+// Puts a window before the others and gives it the keys, as somebody does who picks it in a task bar.
+bool activate(quintptr window);
+// The process whose window takes the keys; 0 when there is none.
+qint64 activeProcess();
+
+// Makes a command the browser of whoever has these folders as XDG_DATA_HOME and XDG_CONFIG_HOME. `command` is one path without
+// blanks.
+bool setBrowser(const QString &command, const QString &dataFolder, const QString &configFolder);
+
+// Opens a URL with the program that the session has for its scheme.
+bool open(const QString &url);
+
+// The folders of this process, which its children have too.
+QString dataFolder();
+QString configFolder();
+
+} // namespace desktop

@@ -1,0 +1,228 @@
+#include "journeys/Screen.h"
+
+#include "journeys/Desktop.h"
+
+#include <QDBusArgument>
+#include <QDBusConnectionInterface>
+#include <QDBusMessage>
+#include <QDBusMetaType>
+#include <QDBusObjectPath>
+#include <QDBusReply>
+#include <QDBusVariant>
+#include <QTest>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const QString accessible = u"org.a11y.atspi.Accessible"_s;
+const QString rootPath = u"/org/a11y/atspi/accessible/root"_s;
+
+// Places in the bits of a state set, by AT-SPI's AtspiStateType.
+constexpr quint64 activeState = quint64(1) << 1;
+constexpr quint64 focusedState = quint64(1) << 12;
+constexpr quint64 showingState = quint64(1) << 25;
+
+struct Reference {
+    QString service;
+    QDBusObjectPath path;
+};
+
+[[maybe_unused]] QDBusArgument &operator<<(QDBusArgument &argument, const Reference &reference)
+{
+    argument.beginStructure();
+    argument << reference.service << reference.path;
+    argument.endStructure();
+    return argument;
+}
+
+const QDBusArgument &operator>>(const QDBusArgument &argument, Reference &reference)
+{
+    argument.beginStructure();
+    argument >> reference.service >> reference.path;
+    argument.endStructure();
+    return argument;
+}
+
+QDBusMessage call(const QDBusConnection &bus, const QString &service, const QString &path, const QString &interface,
+    const QString &method, const QVariantList &arguments = {})
+{
+    auto message = QDBusMessage::createMethodCall(service, path, interface, method);
+    message.setArguments(arguments);
+    return bus.call(message, QDBus::Block, 5000);
+}
+
+QString accessibilityAddress()
+{
+    const QDBusReply<QString> address =
+        call(QDBusConnection::sessionBus(), u"org.a11y.Bus"_s, u"/org/a11y/bus"_s, u"org.a11y.Bus"_s, u"GetAddress"_s);
+    return address.value();
+}
+
+QList<Reference> children(const QDBusConnection &bus, const QString &service, const QString &path)
+{
+    const QDBusReply<QList<Reference>> reply = call(bus, service, path, accessible, u"GetChildren"_s);
+    return reply.value();
+}
+
+quint64 states(const QDBusConnection &bus, const QString &service, const QString &path)
+{
+    const QDBusReply<QList<uint>> reply = call(bus, service, path, accessible, u"GetState"_s);
+    const QList<uint> words = reply.value();
+    return words.size() == 2 ? words[0] | quint64(words[1]) << 32 : 0;
+}
+
+QString name(const QDBusConnection &bus, const QString &service, const QString &path)
+{
+    const QDBusReply<QDBusVariant> reply =
+        call(bus, service, path, u"org.freedesktop.DBus.Properties"_s, u"Get"_s, {accessible, u"Name"_s});
+    return reply.value().variant().toString();
+}
+
+QRect place(const QDBusConnection &bus, const QString &service, const QString &path)
+{
+    const uint ofTheScreen = 0;
+    const QDBusMessage reply = call(bus, service, path, u"org.a11y.atspi.Component"_s, u"GetExtents"_s, {ofTheScreen});
+    if (reply.type() != QDBusMessage::ReplyMessage) {
+        return {};
+    }
+    int x = 0;
+    int y = 0;
+    int width = 0;
+    int height = 0;
+    const auto argument = reply.arguments().value(0).value<QDBusArgument>();
+    argument.beginStructure();
+    argument >> x >> y >> width >> height;
+    argument.endStructure();
+    return {x, y, width, height};
+}
+
+bool waitsFor(const std::function<bool()> &condition)
+{
+    return QTest::qWaitFor(condition, 20'000);
+}
+
+} // namespace
+
+Q_DECLARE_METATYPE(Reference)
+
+Screen::Screen(qint64 processId)
+    : m_processId(processId),
+      m_bus(QDBusConnection::connectToBus(accessibilityAddress(), u"screen %1"_s.arg(quintptr(this))))
+{
+    qDBusRegisterMetaType<Reference>();
+    qDBusRegisterMetaType<QList<Reference>>();
+}
+
+Screen::~Screen()
+{
+    QDBusConnection::disconnectFromBus(m_bus.name());
+}
+
+bool Screen::isShowing(const QString &name) const
+{
+    return named(name).has_value();
+}
+
+bool Screen::shows(const QString &name) const
+{
+    return waitsFor([&] { return isShowing(name); });
+}
+
+bool Screen::shows(const QString &name, const QString &instead) const
+{
+    return waitsFor([&] { return isShowing(name) && !isShowing(instead); });
+}
+
+bool Screen::focuses(const QString &name) const
+{
+    return waitsFor([&] {
+        const auto element = focused();
+        return element && element->name == name;
+    });
+}
+
+bool Screen::tabsTo(const QString &name) const
+{
+    constexpr int furthest = 40;
+    QStringList passed;
+    for (int presses = 0; presses < furthest; ++presses) {
+        const auto before = focused();
+        if (before && before->name == name) {
+            return true;
+        }
+        desktop::press(u"Tab"_s);
+        const auto moves = [&] {
+            const auto now = focused();
+            return now && (!before || now->path != before->path);
+        };
+        if (!waitsFor(moves)) {
+            break;
+        }
+        passed.append(before ? before->name : QString());
+    }
+    qWarning("The Tab key led from \"%s\" and not to \"%s\"", qPrintable(passed.join(u"\", \""_s)), qPrintable(name));
+    return false;
+}
+
+bool Screen::clicks(const QString &name) const
+{
+    const auto element = named(name);
+    return element && desktop::click(element->place.center());
+}
+
+std::optional<Screen::Element> Screen::named(const QString &name) const
+{
+    return find([&](const Element &element) { return element.name == name; });
+}
+
+std::optional<Screen::Element> Screen::focused() const
+{
+    return find([](const Element &element) { return element.active && element.focused; });
+}
+
+std::optional<Screen::Element> Screen::find(const Test &isIt) const
+{
+    const QString program = service();
+    if (program.isEmpty()) {
+        return {};
+    }
+    for (const Reference &window : children(m_bus, program, rootPath)) {
+        if (const auto found = findIn(program, window.path.path(), false, isIt)) {
+            return found;
+        }
+    }
+    return {};
+}
+
+std::optional<Screen::Element> Screen::findIn(
+    const QString &service, const QString &path, bool isActive, const Test &isIt) const
+{
+    const quint64 state = states(m_bus, service, path);
+    if (!(state & showingState)) {
+        return {};
+    }
+    // A dialog may be active where the window that it lies in is not.
+    isActive = isActive || (state & activeState);
+    for (const Reference &child : children(m_bus, service, path)) {
+        if (const auto found = findIn(service, child.path.path(), isActive, isIt)) {
+            return found;
+        }
+    }
+    Element element{path, name(m_bus, service, path), isActive, (state & focusedState) != 0, {}};
+    if (!isIt(element)) {
+        return {};
+    }
+    element.place = place(m_bus, service, path);
+    return element;
+}
+
+QString Screen::service() const
+{
+    for (const Reference &program : children(m_bus, u"org.a11y.atspi.Registry"_s, rootPath)) {
+        if (m_bus.interface()->servicePid(program.service).value() == m_processId) {
+            return program.service;
+        }
+    }
+    return {};
+}
