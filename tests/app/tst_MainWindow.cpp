@@ -643,6 +643,49 @@ private slots:
         QVERIFY(QTest::qWaitForWindowActive(m_studio->window()));
     }
 
+    // Through the screens
+
+    void logsOutFromTheSettingsWithoutAQuestion()
+    {
+        opensSignedIn();
+        m_world->secrets.save(u"refresh"_s, auth().refreshTokenKey);
+        m_window->click(m_window->button(u"Settings"_s));
+        QVERIFY(eventually([this] { return m_window->button(u"Log Out"_s) != nullptr; }));
+        m_window->click(m_window->button(u"Log Out"_s));
+        QVERIFY(eventually([this] { return isLogin() && !isMain(); }));
+        QVERIFY(!m_world->secrets.peek(auth().tokenKey));
+        QVERIFY(!m_world->secrets.peek(auth().refreshTokenKey));
+    }
+
+    void goesFromNewTrainingToTheSuccessAndBackToTheJobs()
+    {
+        opensSignedIn();
+        m_window->click(m_window->button(u"Training"_s));
+        QVERIFY(eventually([this] { return m_window->shows(u"No Training Jobs"_s); }));
+        const auto loads = [this] { return m_world->service.requests("GET", "/v1/fine-tuning/jobs").size(); };
+        QCOMPARE(loads(), 1);
+
+        m_window->click(m_window->button(u"New Training"_s));
+        QVERIFY(eventually([this] { return m_window->shows(u"Select Training Data"_s); }));
+        m_window->click(m_window->text(u"Sample Dataset"_s));
+        for (const QString &title : {u"Choose Base Model"_s, u"Configure Training"_s, u"Review & Start"_s}) {
+            m_window->click(m_window->button(u"Continue"_s));
+            QVERIFY2(eventually([&] { return m_window->shows(title); }), qPrintable(title));
+        }
+        m_window->click(m_window->button(u"Start Fine-Tuning"_s));
+        QVERIFY(eventually([this] { return m_window->shows(u"Starting..."_s); }));
+        m_world->clock.advance(2s);
+        QVERIFY(eventually([this] { return m_window->shows(u"Training Started!"_s); }));
+        m_window->click(m_window->button(u"Done"_s));
+        QVERIFY(eventually([this] { return !m_window->shows(u"Training Started!"_s); }));
+        QVERIFY(m_window->shows(u"Review & Start"_s));
+
+        m_window->press(Qt::Key_Escape);
+        QVERIFY(eventually([this] { return !m_window->shows(u"Fine-Tune Wizard"_s); }));
+        QVERIFY(m_window->shows(u"No Training Jobs"_s));
+        QCOMPARE(loads(), 1);
+    }
+
 private:
     void stores(const QString &token) { m_world->secrets.save(token, auth().tokenKey); }
 
