@@ -28,7 +28,7 @@ FocusScope {
 
         // A loader refuses components that are bound to the ids around them.
         Repeater {
-            model: 1
+            model: body.content ? 1 : 0
             delegate: body.content
             onItemAdded: (index, item) => {
                 item.anchors.fill = place;
