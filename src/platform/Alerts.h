@@ -24,7 +24,7 @@ class Alerts : public QObject {
     Q_PROPERTY(bool isUp READ isUp NOTIFY changed)
     Q_PROPERTY(QString title READ title NOTIFY changed)
     Q_PROPERTY(QString text READ text NOTIFY changed)
-    Q_PROPERTY(QStringList buttons READ buttons NOTIFY changed)
+    Q_PROPERTY(QList<QString> buttons READ buttons NOTIFY changed)
 
 public:
     static Alerts &shared();
