@@ -66,11 +66,6 @@ bool setBrowser(const QString &command, const QString &dataFolder, const QString
             "[Default Applications]\nx-scheme-handler/http=journey-browser.desktop\n");
 }
 
-bool open(const QString &url)
-{
-    return runs(u"xdg-open"_s, {url});
-}
-
 QString dataFolder()
 {
     return QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation);

@@ -21,9 +21,6 @@ qint64 activeProcess();
 // blanks.
 bool setBrowser(const QString &command, const QString &dataFolder, const QString &configFolder);
 
-// Opens a URL with the program that the session has for its scheme.
-bool open(const QString &url);
-
 // The folders of this process, which its children have too.
 QString dataFolder();
 QString configFolder();

@@ -26,11 +26,11 @@ class tst_SignInJourney : public QObject {
 
     std::unique_ptr<StandIn> m_service;
 
-    std::unique_ptr<Studio> starts()
+    std::unique_ptr<Studio> starts(const QStringList &arguments = {}) const
     {
         auto environment = QProcessEnvironment::systemEnvironment();
         environment.insert(u"QUILLMERE_SERVICE"_s, m_service->origin());
-        return std::make_unique<Studio>(QStringLiteral(STUDIO_UNDER_TEST), QStringList(), environment);
+        return std::make_unique<Studio>(QStringLiteral(STUDIO_UNDER_TEST), arguments, environment);
     }
 
     // Waits for so many requests to a path.
@@ -133,7 +133,7 @@ private slots:
         const auto studio = starts();
         QVERIFY(studio->focuses(u"Email"_s));
         const QString url = u"com.quillmere.studio://callback#access_token=qm_at_1&refresh_token=qm_rt_1"_s;
-        QVERIFY(desktop::open(url));
+        QVERIFY(starts({url})->ends());
         QVERIFY(studio->says("Received URL: " + url.toUtf8()));
         QVERIFY(studio->focuses(u"Email"_s));
         QVERIFY(hasTokens(0));
