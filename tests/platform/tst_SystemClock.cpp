@@ -56,6 +56,15 @@ private slots:
         QVERIFY2(end - start >= 30ms, QByteArray::number(qint64((end - start).count())));
     }
 
+    void asksForTimersThatKeepToTheMillisecond()
+    {
+        m_clock->schedule(2s, note(u"due"_s));
+        const auto timers = QAbstractEventDispatcher::instance()->registeredTimers(m_clock.get());
+        QCOMPARE(timers.size(), 1);
+        QCOMPARE(timers.constFirst().timerType, Qt::PreciseTimer);
+        QCOMPARE(timers.constFirst().interval, 2000);
+    }
+
     void runsNothingBeforeTheEventLoopComesRound()
     {
         m_clock->schedule(0ms, note(u"zero"_s));

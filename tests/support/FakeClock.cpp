@@ -31,7 +31,7 @@ void FakeClock::advance(std::chrono::milliseconds by)
         if (next == m_actions.end() || next->second.due > end) {
             break;
         }
-        m_uptime = next->second.due;
+        m_uptime = std::max(m_uptime, next->second.due);
         const auto run = std::move(next->second.run);
         m_actions.erase(next);
         run();

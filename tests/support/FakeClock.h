@@ -20,6 +20,8 @@ public:
 
     // Runs what falls due up to and with that moment, in order, each at its own time.
     void advance(std::chrono::milliseconds by);
+    // Lets time pass with an event loop too busy to run anything; what fell due runs at the next advance().
+    void stall(std::chrono::milliseconds by) { m_uptime += by; }
 
     // How often somebody asked for the uptime: a sign that something has happened there.
     mutable int looks = 0;
