@@ -34,7 +34,7 @@ constexpr std::array<Destination, SidebarItem::count> destinations{{
     {SidebarItem::Training, "training", QT_TRANSLATE_NOOP("SidebarItem", "Training"), "terminal", Group::Main,
         "Workspace/TrainingView.qml"},
     {SidebarItem::Analytics, "analytics", QT_TRANSLATE_NOOP("SidebarItem", "Analytics"), "chart.xyaxis.line",
-        Group::Main, notBuiltYet},
+        Group::Main, "Analytics/AnalyticsDashboard.qml"},
     {SidebarItem::Settings, "settings", QT_TRANSLATE_NOOP("SidebarItem", "Settings"), "gearshape", Group::System,
         "Workspace/SettingsView.qml"},
     {SidebarItem::Documentation, "documentation", QT_TRANSLATE_NOOP("SidebarItem", "Documentation"), "book",

@@ -1,0 +1,56 @@
+// The tabs of the analytics dashboard, each an equal share of the width. The arrow keys go from one to the next.
+pragma ComponentBehavior: Bound
+
+import QtQuick
+import Quillmere.Analytics
+import Quillmere.Controls
+
+Rectangle {
+    id: strip
+
+    required property int selectedTab
+
+    signal selected(int tab)
+
+    function go(step) {
+        const next = tabs.itemAt(strip.selectedTab + step) as AnalyticsTabButton;
+        if (next) {
+            next.forceActiveFocus(Qt.TabFocusReason);
+            next.press();
+        }
+    }
+
+    implicitHeight: row.height
+    color: AnalyticsPalette.strip
+    Accessible.role: Accessible.PageTabList
+    Accessible.name: qsTr("Analytics")
+    Keys.onLeftPressed: go(-1)
+    Keys.onRightPressed: go(1)
+
+    Row {
+        id: row
+
+        Repeater {
+            id: tabs
+
+            model: StudioAnalyticsTab.allCases
+
+            AnalyticsTabButton {
+                required property int index
+                required property int modelData
+
+                // To whole points, so that no edge lies between two.
+                width: Math.round((index + 1) * strip.width / tabs.count) - Math.round(index * strip.width / tabs.count)
+                text: StudioAnalyticsTab.title(modelData)
+                selected: strip.selectedTab === modelData
+                onClicked: strip.selected(modelData)
+            }
+        }
+    }
+
+    Divider {
+        anchors.bottom: parent.bottom
+        width: parent.width
+        color: AnalyticsPalette.line
+    }
+}

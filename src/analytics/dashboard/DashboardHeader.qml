@@ -1,0 +1,112 @@
+// The head of the analytics dashboard: its name, four figures that never change, and the controls that hold on every tab.
+import QtQuick
+import Quillmere.Analytics
+import Quillmere.Controls
+import Quillmere.Theme
+
+Rectangle {
+    id: header
+
+    required property bool isTelemetryFull
+    required property bool showSystemMonitor
+
+    signal telemetryToggled
+    signal systemMonitorToggled
+    signal systemMonitorDismissed
+
+    implicitHeight: 24 + Math.max(title.height, status.height, controls.height)
+    color: AnalyticsPalette.strip
+
+    Row {
+        id: title
+
+        x: 20
+        anchors.verticalCenter: parent.verticalCenter
+        spacing: 8
+
+        SymbolIcon {
+            anchors.verticalCenter: parent.verticalCenter
+            name: "chart.xyaxis.line"
+            size: 18
+            bold: true
+            color: Color.cyan
+        }
+
+        Label {
+            anchors.verticalCenter: parent.verticalCenter
+            text: qsTr("QUILLMERE TELEMETRY")
+            font: Theme.tracked(Theme.system(13, Font.DemiBold), 1.2)
+            color: "white"
+            Accessible.role: Accessible.Heading
+        }
+    }
+
+    Row {
+        id: status
+
+        anchors.right: controls.left
+        anchors.rightMargin: 20
+        anchors.verticalCenter: parent.verticalCenter
+        spacing: 16
+
+        StatusIndicator {
+            label: qsTr("GPU")
+            value: "82°C"
+            color: Color.green
+        }
+
+        StatusIndicator {
+            label: qsTr("UTIL")
+            value: "94%"
+            color: Color.yellow
+        }
+
+        StatusIndicator {
+            label: qsTr("VRAM")
+            value: "14GB"
+            color: Color.purple
+        }
+
+        StatusIndicator {
+            label: qsTr("TPS")
+            value: "4.2k"
+            color: Color.cyan
+        }
+    }
+
+    Row {
+        id: controls
+
+        anchors.right: parent.right
+        anchors.rightMargin: 20
+        anchors.verticalCenter: parent.verticalCenter
+        spacing: 12
+
+        Switch {
+            anchors.verticalCenter: parent.verticalCenter
+            small: true
+            text: qsTr("Full Telemetry")
+            checked: header.isTelemetryFull
+            onToggled: header.telemetryToggled()
+        }
+
+        IconButton {
+            anchors.verticalCenter: parent.verticalCenter
+            symbol: "cpu"
+            label: qsTr("System Monitor")
+            color: header.showSystemMonitor ? Color.cyan : Color.gray
+            onClicked: header.systemMonitorToggled()
+
+            SystemMonitorPopover {
+                visible: header.showSystemMonitor
+                onDismissed: header.systemMonitorDismissed()
+            }
+        }
+    }
+
+    Divider {
+        anchors.bottom: parent.bottom
+        width: parent.width
+        color: AnalyticsPalette.line
+    }
+}

@@ -1,0 +1,4 @@
+// Four gauges and a curve, none of which measures anything.
+import QtQuick
+
+Item {}
