@@ -93,9 +93,16 @@ function(quillmere_test name)
         list(APPEND around ${PROJECT_SOURCE_DIR}/tests/support/with-${need})
     endforeach()
     add_test(NAME ${name} COMMAND ${around} $<TARGET_FILE:${name}>)
-    set_tests_properties(${name} PROPERTIES TIMEOUT ${arg_TIMEOUT} LABELS "${arg_LABELS}")
+    set(environment)
     if(NOT arg_WITH)
-        set_tests_properties(${name} PROPERTIES
-            ENVIRONMENT "QT_QPA_PLATFORM=offscreen;QT_QUICK_BACKEND=software;DBUS_SESSION_BUS_ADDRESS=unix:path=/nonexistent")
+        list(APPEND environment
+            QT_QPA_PLATFORM=offscreen QT_QUICK_BACKEND=software DBUS_SESSION_BUS_ADDRESS=unix:path=/nonexistent)
     endif()
+    if(QUILLMERE_SANITIZE)
+        # Qt's libraries have no frame pointers, and the known leaks are told by what stands deep in the stack.
+        list(APPEND environment ASAN_OPTIONS=fast_unwind_on_malloc=0
+            LSAN_OPTIONS=print_suppressions=0:suppressions=${PROJECT_SOURCE_DIR}/tests/support/known-leaks)
+    endif()
+    set_tests_properties(${name} PROPERTIES
+        TIMEOUT ${arg_TIMEOUT} LABELS "${arg_LABELS}" ENVIRONMENT "${environment}")
 endfunction()

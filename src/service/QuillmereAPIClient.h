@@ -73,7 +73,10 @@ private:
         if (json.size() < largeReply) {
             co_return decode<Record>(json, KeyCoding::SnakeCase);
         }
-        co_return co_await QtConcurrent::run([json] { return decode<Record>(json, KeyCoding::SnakeCase); });
+        // Not within the co_await: g++ 12 destroys what a closure there captured once more than it was made.
+        const QFuture<Result<Record>> decoding =
+            QtConcurrent::run([json] { return decode<Record>(json, KeyCoding::SnakeCase); });
+        co_return co_await decoding;
     }
 
     // The body of a reply with a status of 200 to 299.
