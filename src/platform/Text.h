@@ -10,6 +10,10 @@ namespace quillmere::text {
 // empty part is held by every text.
 bool localizedCaseInsensitiveContains(const QString &text, const QString &part);
 
+// What that comparison makes of either text before it looks for the one in the other. Who searches many texts again and
+// again keeps this of each.
+QString searchable(const QString &text);
+
 // Each word with a capital and the rest in small letters. Whatever is neither letter, digit, mark nor apostrophe parts
 // words: "fine-tune" gives "Fine-Tune", "in_progress" gives "In_Progress".
 QString capitalized(const QString &text);
