@@ -1,0 +1,104 @@
+// The axes of a chart: grid lines, and the labels beside them, around the area in which the marks are drawn.
+pragma ComponentBehavior: Bound
+
+import QtQuick
+import Quillmere.Charts
+import Quillmere.Controls
+import Quillmere.Theme
+
+Item {
+    id: frame
+
+    required property ChartMarks marks
+    property bool showsXAxis: true
+    property bool showsYAxis: true
+    // What assistive programs read; by itself the data in a sentence or two.
+    property string summary: marks.summary
+
+    // Between the ends of the axes. How high it is depends on nothing that the data tell: the ticks depend on it in turn.
+    readonly property alias plot: area
+
+    readonly property real lineHeight: Math.ceil(metrics.height)
+    readonly property real labelGap: 6
+    // A hair's breadth that is whole pixels at any scale.
+    readonly property real hairline: Math.max(1, Math.floor(Screen.devicePixelRatio)) / Screen.devicePixelRatio
+
+    implicitWidth: 320
+    implicitHeight: 200
+    Accessible.role: Accessible.Chart
+    Accessible.name: summary
+
+    FontMetrics {
+        id: metrics
+
+        font: frame.marks.labelFont
+    }
+
+    Item {
+        id: area
+
+        readonly property real bottomMargin: frame.showsXAxis ? frame.lineHeight + frame.labelGap : y
+
+        x: frame.showsYAxis && frame.marks.yLabelWidth > 0 ? Math.ceil(frame.marks.yLabelWidth) + frame.labelGap : 0
+        y: frame.showsYAxis ? frame.lineHeight / 2 : 0
+        width: Math.max(0, frame.width - x)
+        height: Math.max(0, frame.height - y - bottomMargin)
+    }
+
+    Repeater {
+        model: frame.showsYAxis ? frame.marks.yTicks : []
+
+        Item {
+            id: yTick
+
+            required property chartTick modelData
+
+            y: area.y + (1 - modelData.place) * area.height
+
+            Rectangle {
+                x: area.x
+                y: -frame.hairline / 2
+                width: area.width
+                height: frame.hairline
+                color: Color.faded(Color.gray, 0.2)
+            }
+
+            Label {
+                x: area.x - frame.labelGap - width
+                y: -height / 2
+                text: yTick.modelData.text
+                font: frame.marks.labelFont
+                color: Color.gray
+            }
+        }
+    }
+
+    Repeater {
+        model: frame.showsXAxis ? frame.marks.xTicks : []
+
+        Item {
+            id: xTick
+
+            required property chartTick modelData
+
+            x: area.x + modelData.place * area.width
+
+            Rectangle {
+                x: -frame.hairline / 2
+                y: area.y
+                width: frame.hairline
+                height: area.height
+                visible: xTick.modelData.hasLine
+                color: Color.faded(Color.gray, 0.2)
+            }
+
+            Label {
+                x: Math.max(-xTick.x, Math.min(-width / 2, frame.width - xTick.x - width))
+                y: area.y + area.height + frame.labelGap
+                text: xTick.modelData.text
+                font: frame.marks.labelFont
+                color: Color.gray
+            }
+        }
+    }
+}

@@ -1,0 +1,52 @@
+#pragma once
+
+#include "charts/LineSeries.h"
+#include "charts/Marks.h"
+
+#include <QQmlListProperty>
+
+namespace quillmere {
+
+// The lines of a LineChart.
+class LineMarks : public quillmere::Marks {
+    Q_OBJECT
+    QML_ELEMENT
+
+    Q_PROPERTY(QQmlListProperty<quillmere::LineSeries> series READ seriesProperty NOTIFY seriesChanged)
+    Q_CLASSINFO("DefaultProperty", "series")
+    // Curves through the points (Catmull-Rom, centripetal) instead of straight lines between them.
+    Q_PROPERTY(bool smoothed READ isSmoothed WRITE setSmoothed NOTIFY smoothedChanged)
+    Q_PROPERTY(double lineWidth READ lineWidth WRITE setLineWidth NOTIFY lineWidthChanged)
+
+public:
+    using Marks::Marks;
+
+    QQmlListProperty<LineSeries> seriesProperty();
+    const QList<LineSeries *> &series() const { return m_series; }
+    void append(LineSeries *series);
+    void clear();
+    bool isSmoothed() const { return m_smoothed; }
+    void setSmoothed(bool smoothed);
+    double lineWidth() const { return m_lineWidth; }
+    void setLineWidth(double width);
+
+    void paint(QPainter *painter) override;
+
+signals:
+    void seriesChanged();
+    void smoothedChanged();
+    void lineWidthChanged();
+
+protected:
+    ValueRange xRange() const override;
+    ValueRange yRange() const override;
+    AxisScale::Ends xEnds() const override { return AxisScale::Ends::AtValues; }
+    QString describe() const override;
+
+private:
+    QList<LineSeries *> m_series;
+    bool m_smoothed = false;
+    double m_lineWidth = 2;
+};
+
+} // namespace quillmere

@@ -1,0 +1,25 @@
+#include "charts/Sparkline.h"
+
+#include "app/theme/Color.h"
+
+#include <QPainter>
+
+namespace quillmere {
+
+Sparkline::Sparkline(QQuickItem *parent) : QQuickPaintedItem(parent), m_color(Color::cyan())
+{
+    setAntialiasing(true);
+}
+
+void Sparkline::paint(QPainter *painter)
+{
+    QPolygonF line;
+    for (const QPointF point : std::as_const(m_points)) {
+        line.append({point.x() * width(), point.y() * height()});
+    }
+    painter->setRenderHint(QPainter::Antialiasing);
+    painter->setPen(QPen(m_color, m_lineWidth, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+    painter->drawPolyline(line);
+}
+
+} // namespace quillmere

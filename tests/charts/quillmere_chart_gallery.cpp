@@ -1,0 +1,89 @@
+// Shows the charts and small gauges in a window, with points from fixed formulas and, while nobody takes a picture, new ones
+// every second. With the name of a file it writes a picture there, at a scale of 2 where "2" follows.
+
+#include "app/theme/Theme.h"
+#include "charts/ChartBar.h"
+#include "platform/Environment.h"
+
+#include <QGuiApplication>
+#include <QImage>
+#include <QPointF>
+#include <QQmlEngine>
+#include <QQuickView>
+#include <QTest>
+
+#include <cmath>
+
+using namespace Qt::StringLiterals;
+using namespace quillmere;
+
+namespace {
+
+QList<QPointF> points(int count, const std::function<double(double)> &value)
+{
+    QList<QPointF> points;
+    for (int i = 0; i < count; ++i) {
+        points.append({double(i), value(i)});
+    }
+    return points;
+}
+
+double noise(double i)
+{
+    const double x = std::sin(i * 12.9898) * 43758.5453;
+    return x - std::floor(x);
+}
+
+} // namespace
+
+int main(int argc, char *argv[])
+{
+    QGuiApplication application(argc, argv);
+    const auto environment = Environment::real();
+    environment->animations = argc <= 1;
+    Theme::registerFonts();
+
+    QList<ChartBar> numbers;
+    for (int i = 0; i < 20; ++i) {
+        numbers.append(ChartBar::at(i * 100, 100 + std::floor(noise(i) * 900), QColor(0x32D74B)));
+    }
+    const QList<ChartBar> labels{ChartBar::labelled(u"Positive"_s, 4500, QColor(0x0A84FF)),
+        ChartBar::labelled(u"Negative"_s, 3200, QColor(0xFF453A)),
+        ChartBar::labelled(u"Neutral"_s, 2100, QColor(0x98989D))};
+    QList<double> strip;
+    for (int i = 0; i < 20; ++i) {
+        strip.append(0.9 - 0.03 * i);
+    }
+    QList<QPointF> spark{{0, 0.5}};
+    for (int i = 1; i <= 20; ++i) {
+        spark.append({i / 20.0, 0.2 + 0.6 * noise(i)});
+    }
+
+    QQuickView view;
+    view.engine()->addImportPath(u"qrc:/qt/qml"_s);
+    view.setColor(Theme::background());
+    view.setInitialProperties({
+        {u"train"_s, QVariant::fromValue(points(20, [](double i) { return 1 / (i + 1); }))},
+        {u"validation"_s, QVariant::fromValue(points(20, [](double i) { return 1.1 / (i + 1) + 0.05; }))},
+        {u"accuracy"_s, QVariant::fromValue(points(20, [](double i) { return i * 0.02 + 0.5; }))},
+        {u"loss"_s, QVariant::fromValue(points(50, [](double i) { return 0.55 + 0.1 * (noise(i) - 0.5); }))},
+        {u"validationLoss"_s,
+            QVariant::fromValue(points(50, [](double i) { return 0.6 + 0.06 * (noise(i + 50) - 0.5); }))},
+        {u"rate"_s, QVariant::fromValue(points(50, [](double i) { return (1 - (1420 + i) / 5000) * 0.0003; }))},
+        {u"numbers"_s, QVariant::fromValue(numbers)},
+        {u"labels"_s, QVariant::fromValue(labels)},
+        {u"strip"_s, QVariant::fromValue(strip)},
+        {u"spark"_s, QVariant::fromValue(spark)},
+    });
+    view.setResizeMode(QQuickView::SizeRootObjectToView);
+    view.resize(1200, 900);
+    view.setSource(QUrl(u"qrc:/Charts.qml"_s));
+    view.show();
+    if (!view.rootObject() || !QTest::qWaitForWindowExposed(&view)) {
+        return 1;
+    }
+    if (argc > 1) {
+        return view.grabWindow().save(QString::fromLocal8Bit(argv[1])) ? 0 : 1;
+    }
+    return QGuiApplication::exec();
+}
