@@ -9,7 +9,10 @@
 #include <array>
 #include <charconv>
 #include <cmath>
+#include <cstdio>
 #include <cstdlib>
+#include <locale.h>
+#include <string>
 
 using namespace Qt::StringLiterals;
 
@@ -26,6 +29,25 @@ bool partsWords(QChar character)
 {
     return !character.isLetterOrNumber() && !character.isMark() && !character.isSurrogate() && character != u'\''
         && character != u'\u2019';
+}
+
+template <typename Value> QString formatted(const QString &format, const QString &conversion, Value value)
+{
+    // Width and precision of at most three digits, and none that is taken from a further argument.
+    static const QRegularExpression whole(
+        u"\\A(?:[^%]|%%)*%[-+ #0]*[0-9]{0,3}(?:\\.[0-9]{0,3})?"_s + conversion + u"(?:[^%]|%%)*\\z"_s);
+    if (!whole.match(format).hasMatch() || format.contains(QChar::Null)) {
+        qWarning("\"%s\" is no format for one such value.", qPrintable(format));
+        return format;
+    }
+    // The toolkit has set the user's locale, in which a decimal point may be a comma.
+    static const locale_t plain = newlocale(LC_ALL_MASK, "C", nullptr);
+    const locale_t users = uselocale(plain);
+    const std::string pattern = format.toStdString();
+    std::string text(size_t(std::max(0, std::snprintf(nullptr, 0, pattern.c_str(), value))), '\0');
+    std::snprintf(text.data(), text.size() + 1, pattern.c_str(), value);
+    uselocale(users);
+    return QString::fromStdString(text);
 }
 
 } // namespace
@@ -130,6 +152,16 @@ QString fixed(double value, int decimals)
     const auto end = std::to_chars(
         buffer.data(), buffer.data() + buffer.size(), value, std::chars_format::fixed, std::clamp(decimals, 0, 100));
     return QString::fromLatin1(buffer.data(), end.ptr - buffer.data());
+}
+
+QString format(const QString &format, double value)
+{
+    return formatted(format, u"[aAeEfFgG]"_s, value);
+}
+
+QString format(const QString &format, qint64 value)
+{
+    return formatted<long long>(format, u"ll[di]"_s, value);
 }
 
 QString date(const QDateTime &when)

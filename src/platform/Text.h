@@ -29,6 +29,12 @@ QString byteCount(qint64 bytes);
 // up.
 QString fixed(double value, int decimals);
 
+// A value by a printf format, in the C locale: "%.1f%%" shows 5 as "5.0%", "%lld rows" 100000 as "100000 rows". The format
+// holds one conversion and no more, of the kind of the value (a A e E f F g G, or ll before d or i); any other format is
+// shown as it stands, with a warning.
+QString format(const QString &format, double value);
+QString format(const QString &format, qint64 value);
+
 // A day without its time in the user's locale: "November 20, 2026".
 QString date(const QDateTime &when);
 

@@ -1,9 +1,14 @@
 #include "platform/Text.h"
 
 #include <QLocale>
+#include <QProcess>
+#include <QTemporaryDir>
 #include <QTest>
 #include <QTimeZone>
 
+#include <array>
+#include <clocale>
+#include <cstdio>
 #include <limits>
 
 using namespace Qt::StringLiterals;
@@ -74,6 +79,88 @@ private slots:
         QFETCH(QString, text);
         QFETCH(QString, expected);
         QCOMPARE(text::capitalized(text), expected);
+    }
+
+    void formatsRealsByPrintf_data()
+    {
+        QTest::addColumn<QString>("format");
+        QTest::addColumn<double>("value");
+        QTest::addColumn<QString>("expected");
+        QTest::newRow("no decimals") << u"%.0f"_s << 2048.0 << u"2048"_s;
+        QTest::newRow("a half goes to the even neighbour") << u"%.0f"_s << 2.5 << u"2"_s;
+        QTest::newRow("a percent sign") << u"%.1f%%"_s << 5.0 << u"5.0%"_s;
+        QTest::newRow("percent signs around") << u"%% %.1f %%%%"_s << 5.0 << u"% 5.0 %%"_s;
+        QTest::newRow("words behind") << u"%.1f:1"_s << 3.0 << u"3.0:1"_s;
+        QTest::newRow("words beyond ASCII") << u"θ %.2f °C"_s << 0.25 << u"θ 0.25 °C"_s;
+        QTest::newRow("negative") << u"%.2f"_s << -0.001 << u"-0.00"_s;
+        QTest::newRow("flags and width") << u"%+08.2f"_s << 3.14159 << u"+0003.14"_s;
+        QTest::newRow("exponent") << u"%.2e"_s << 12345.0 << u"1.23e+04"_s;
+        QTest::newRow("longer than any buffer") << u"%300.1f"_s << 1.0 << u"1.0"_s.rightJustified(300);
+        QTest::newRow("no number") << u"%.1f"_s << std::numeric_limits<double>::infinity() << u"inf"_s;
+    }
+    void formatsRealsByPrintf()
+    {
+        QFETCH(QString, format);
+        QFETCH(double, value);
+        QFETCH(QString, expected);
+        QCOMPARE(text::format(format, value), expected);
+    }
+
+    void formatsWholeNumbersByPrintf()
+    {
+        QCOMPARE(text::format(u"%lld rows"_s, qint64(100000)), u"100000 rows"_s);
+        QCOMPARE(text::format(u"%lld rows"_s, qint64(-1000)), u"-1000 rows"_s);
+        QCOMPARE(text::format(u"%lld"_s, std::numeric_limits<qint64>::min()), u"-9223372036854775808"_s);
+        QCOMPARE(text::format(u"%03lli"_s, qint64(7)), u"007"_s);
+    }
+
+    void formatsWithAPointWhateverTheUsersLocale()
+    {
+        // The C library's locale, which printf reads, not the toolkit's; few machines have a German one ready.
+        QTemporaryDir locales;
+        QProcess::execute(
+            u"localedef"_s, {u"-i"_s, u"de_DE"_s, u"-f"_s, u"UTF-8"_s, locales.filePath(u"de_DE.UTF-8"_s)});
+        qputenv("LOCPATH", locales.path().toLocal8Bit());
+        const bool german = std::setlocale(LC_NUMERIC, "de_DE.UTF-8") != nullptr;
+        const auto restore = qScopeGuard([] {
+            std::setlocale(LC_NUMERIC, "C");
+            qunsetenv("LOCPATH");
+        });
+        if (!german) {
+            QSKIP("localedef could not make a locale with a decimal comma here.");
+        }
+        std::array<char, 8> comma{};
+        std::snprintf(comma.data(), comma.size(), "%.1f", 1.5);
+        QCOMPARE(comma.data(), "1,5");
+        QCOMPARE(text::format(u"%.1f"_s, 1.5), u"1.5"_s);
+    }
+
+    void showsAFormatThatDoesNotFitAsItStands_data()
+    {
+        QTest::addColumn<QString>("format");
+        QTest::addColumn<bool>("whole");
+        QTest::newRow("none") << u"rows"_s << false;
+        QTest::newRow("empty") << QString() << false;
+        QTest::newRow("only a percent sign") << u"%%"_s << false;
+        QTest::newRow("a percent sign at the end") << u"%.1f %"_s << false;
+        QTest::newRow("two") << u"%f %f"_s << false;
+        QTest::newRow("a whole number for a real") << u"%lld"_s << false;
+        QTest::newRow("a real for a whole number") << u"%f"_s << true;
+        QTest::newRow("a short whole number") << u"%d"_s << true;
+        QTest::newRow("a text") << u"%s"_s << false;
+        QTest::newRow("one that writes") << u"%f%n"_s << false;
+        QTest::newRow("a width from an argument") << u"%*f"_s << false;
+        QTest::newRow("a precision from an argument") << u"%.*f"_s << false;
+        QTest::newRow("a long double") << u"%Lf"_s << false;
+        QTest::newRow("a width without bounds") << u"%9999999f"_s << false;
+        QTest::newRow("two lines, the second with one more") << u"%f\n%f"_s << false;
+    }
+    void showsAFormatThatDoesNotFitAsItStands()
+    {
+        QFETCH(QString, format);
+        QFETCH(bool, whole);
+        QTest::ignoreMessage(QtWarningMsg, qPrintable(u"\"%1\" is no format for one such value."_s.arg(format)));
+        QCOMPARE(whole ? text::format(format, qint64(1)) : text::format(format, 1.0), format);
     }
 
     void countsCharactersAsAReaderDoes_data()
