@@ -31,11 +31,9 @@ Item {
 
     readonly property bool hovered: pointer.hovered && enabled && !busy
     readonly property bool pressed: !busy && (area.pressed && area.containsMouse || spaceHeld)
-    // The keyboard is here, and it was the keyboard that came here or was used last.
-    readonly property bool visualFocus: activeFocus && !touched
+    readonly property bool visualFocus: activeFocus && Keyboard.inUse
 
     property bool spaceHeld: false
-    property bool touched: false
 
     property Item background: Rectangle {
         radius: control.radius
@@ -92,7 +90,6 @@ Item {
     onActiveFocusChanged: spaceHeld = false
 
     Keys.onPressed: event => {
-        touched = false;
         if (event.modifiers & (Qt.ControlModifier | Qt.AltModifier | Qt.MetaModifier)) {
             return;
         }
@@ -106,9 +103,7 @@ Item {
             }
         }
     }
-    // The key that brought the focus here comes up here.
     Keys.onReleased: event => {
-        touched = false;
         if (event.key === Qt.Key_Space && !event.isAutoRepeat && spaceHeld) {
             spaceHeld = false;
             event.accepted = true;
@@ -133,7 +128,6 @@ Item {
         anchors.fill: parent
         onPressed: {
             if (control.activeFocusOnTab) {
-                control.touched = true;
                 control.forceActiveFocus(Qt.MouseFocusReason);
             }
         }

@@ -1,34 +1,10 @@
-// Every shared control in its states, side by side. The program that shows it moves the pointer and the keyboard.
-pragma ComponentBehavior: Bound
-
+// The shared controls in their states, side by side. The program that shows them moves the pointer and the keyboard.
 import QtQuick
 import Quillmere.Controls
 import Quillmere.Theme
 
 Rectangle {
     id: gallery
-
-    // What a picture shows hovered, pressed or focused is found by these names.
-    component Cell: Column {
-        id: cell
-
-        property string title
-        default property alias items: row.data
-
-        spacing: 10
-
-        Label {
-            text: cell.title
-            font: Theme.system(11, Font.Medium)
-            color: Theme.textTertiary
-        }
-
-        Row {
-            id: row
-
-            spacing: 16
-        }
-    }
 
     color: Theme.background
 
@@ -38,7 +14,7 @@ Rectangle {
         anchors.topMargin: 40
         spacing: 24
 
-        Cell {
+        GalleryCell {
             title: "PrimaryButton: rest, hovered, pressed, focused, disabled, busy"
 
             PrimaryButton {
@@ -68,7 +44,7 @@ Rectangle {
             }
         }
 
-        Cell {
+        GalleryCell {
             title: "SecondaryButton"
 
             SecondaryButton {
@@ -92,7 +68,7 @@ Rectangle {
             }
         }
 
-        Cell {
+        GalleryCell {
             title: "BorderedButton, ProminentButton"
 
             BorderedButton {
@@ -124,7 +100,7 @@ Rectangle {
             }
         }
 
-        Cell {
+        GalleryCell {
             title: "PlainButton, IconButton"
 
             PlainButton {
@@ -157,7 +133,7 @@ Rectangle {
             }
         }
 
-        Cell {
+        GalleryCell {
             title: "Pill: plain, selected, hovered, focused"
 
             PillRow {
@@ -179,7 +155,7 @@ Rectangle {
             }
         }
 
-        Cell {
+        GalleryCell {
             title: "Badge"
 
             Badge {
@@ -199,7 +175,7 @@ Rectangle {
             }
         }
 
-        Cell {
+        GalleryCell {
             title: "Switch: regular, small, disabled"
 
             Switch {}
@@ -227,7 +203,7 @@ Rectangle {
             }
         }
 
-        Cell {
+        GalleryCell {
             title: "ProgressBar, Spinner"
 
             ProgressBar {
@@ -260,7 +236,7 @@ Rectangle {
             }
         }
 
-        Cell {
+        GalleryCell {
             title: "SearchBox, RoundedField, PlainField"
 
             SearchBox {

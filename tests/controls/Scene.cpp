@@ -10,7 +10,19 @@ using namespace Qt::StringLiterals;
 
 namespace quillmere::testing {
 
-Scene::Scene(const QString &qml, bool animations)
+namespace {
+
+FakeClock &clockOf(Environment &environment)
+{
+    auto clock = std::make_unique<FakeClock>();
+    auto &it = *clock;
+    environment.clock = std::move(clock);
+    return it;
+}
+
+} // namespace
+
+Scene::Scene(const QString &qml, bool animations) : clock(clockOf(environment))
 {
     QTest::failOnWarning(QRegularExpression(u".*"_s));
     QAccessible::setActive(true);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/Environment.h"
+#include "support/FakeClock.h"
 
 #include <QAccessible>
 #include <QQmlEngine>
@@ -17,6 +18,7 @@ public:
     explicit Scene(const QString &qml, bool animations = false);
 
     Environment environment;
+    FakeClock &clock;
     QQuickView view;
 
     // By object name.

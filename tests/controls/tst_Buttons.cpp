@@ -15,6 +15,16 @@ QString counting(const QString &button)
     return u"property int clicks: 0\n"_s + button;
 }
 
+bool ringShows(const Scene &scene, const QString &name)
+{
+    for (const auto *child : scene.item(name)->childItems()) {
+        if (QString::fromLatin1(child->metaObject()->className()).startsWith(u"FocusRing"_s)) {
+            return child->isVisible();
+        }
+    }
+    qFatal("No focus ring.");
+}
+
 } // namespace
 
 class tst_Buttons : public QObject {
@@ -29,6 +39,7 @@ private slots:
     void doesNotRepeatWhileReturnIsHeld();
     void leavesKeysWithModifiersToOthers();
     void showsFocusOfTheKeyboardOnly();
+    void showsNoFocusThatCameAfterTheMouse();
     void isDimmedAndDeafWhenDisabled();
     void isDeafAndShowsASpinnerWhenBusy();
     void keepsItsHeightWithASymbolAndWhenBusy();
@@ -145,21 +156,33 @@ void tst_Buttons::showsFocusOfTheKeyboardOnly()
 {
     Scene scene(u"PrimaryButton { objectName: \"it\"; text: \"A\" }\n"
                 "PrimaryButton { objectName: \"next\"; y: 100; text: \"B\" }"_s);
-    const auto ringShows = [&](const QString &name) {
-        for (const auto *child : scene.item(name)->childItems()) {
-            if (QString::fromLatin1(child->metaObject()->className()).startsWith(u"FocusRing"_s)) {
-                return child->isVisible();
-            }
-        }
-        qFatal("No focus ring.");
-    };
     scene.click(u"it"_s);
     QVERIFY(scene.item(u"it"_s)->hasActiveFocus());
-    QVERIFY(!ringShows(u"it"_s));
+    QVERIFY(!ringShows(scene, u"it"_s));
     scene.press(Qt::Key_Tab);
     QVERIFY(scene.item(u"next"_s)->hasActiveFocus());
-    QVERIFY(ringShows(u"next"_s));
-    QVERIFY(!ringShows(u"it"_s));
+    QVERIFY(ringShows(scene, u"next"_s));
+    QVERIFY(!ringShows(scene, u"it"_s));
+    QTest::mouseClick(&scene.view, Qt::LeftButton, {}, QPoint(700, 500));
+    QVERIFY(scene.item(u"next"_s)->hasActiveFocus());
+    QVERIFY(!ringShows(scene, u"next"_s));
+}
+
+void tst_Buttons::showsNoFocusThatCameAfterTheMouse()
+{
+    Scene scene(u"PrimaryButton { objectName: \"it\"; text: \"A\"; onClicked: next.forceActiveFocus() }\n"
+                "PrimaryButton { id: next; objectName: \"next\"; y: 100; text: \"B\" }"_s);
+    scene.item(u"it"_s)->forceActiveFocus();
+    QVERIFY(!ringShows(scene, u"it"_s));
+    scene.click(u"it"_s);
+    QVERIFY(scene.item(u"next"_s)->hasActiveFocus());
+    QVERIFY(!ringShows(scene, u"next"_s));
+    // A modifier may be held for the next click.
+    scene.press(Qt::Key_Control);
+    scene.press(Qt::Key_Shift);
+    QVERIFY(!ringShows(scene, u"next"_s));
+    scene.press(Qt::Key_Space);
+    QVERIFY(ringShows(scene, u"next"_s));
 }
 
 void tst_Buttons::isDimmedAndDeafWhenDisabled()

@@ -363,8 +363,8 @@ private slots:
     {
         open();
         control(u"Upload File"_s)->forceActiveFocus(Qt::TabFocusReason);
-        QVERIFY(control(u"Upload File"_s)->property("visualFocus").toBool());
         m_window->press(Qt::Key_Left);
+        QVERIFY(control(u"Upload File"_s)->property("visualFocus").toBool());
         m_window->press(Qt::Key_Up);
         QCOMPARE(chosen(sources), QStringList({u"Upload File"_s}));
         m_window->press(Qt::Key_Right);
