@@ -1,7 +1,8 @@
-// The scroll bar of a view, and all that scrolls it: the wheel, and the keys that the view hands on. It lies over the content and
-// shows itself while the pointer is in the view.
+// The scroll bar of a view, and all that scrolls it: the wheel, the keys that the view hands on, and the focus that goes out of sight.
+// It lies over the content and shows itself while the pointer is in the view.
 import QtQuick
 import QtQuick.Templates as T
+import Quillmere.Controls
 import Quillmere.Theme
 
 T.ScrollBar {
@@ -30,6 +31,28 @@ T.ScrollBar {
             scrollTo(target);
         }
     }
+
+    // Moves the view as little as brings an item in it into sight, with its focus ring. Only for the keyboard: what is pressed must
+    // not move away under the pointer.
+    function reveal(item: Item) {
+        let ancestor = item;
+        while (ancestor && ancestor !== view?.contentItem) {
+            ancestor = ancestor.parent;
+        }
+        if (!ancestor || !Keyboard.inUse) {
+            return;
+        }
+        const air = 12;
+        const place = item.mapToItem(view.contentItem, 0, 0, item.width, item.height);
+        if (place.y - air < view.contentY || place.height + 2 * air > view.height) {
+            scrollTo(place.y - air);
+        } else if (place.y + place.height + air > view.contentY + view.height) {
+            scrollTo(place.y + place.height + air - view.height);
+        }
+    }
+
+    readonly property Item focused: Window.activeFocusItem
+    onFocusedChanged: reveal(focused)
 
     visible: policy === T.ScrollBar.AlwaysOn || policy === T.ScrollBar.AsNeeded && scrollable
     orientation: Qt.Vertical

@@ -19,6 +19,9 @@ private slots:
     void scrollsByTheTouchpadPointByPoint();
     void stopsAtItsEnds();
     void scrollsByKeysFromWhateverHasTheFocusInside();
+    void showsWhatTheKeyboardComesTo_data();
+    void showsWhatTheKeyboardComesTo();
+    void staysWhereItIsUnderThePointer();
     void takesTheFocusOnlyWhereThereIsSomethingToScroll();
     void showsItsBarWhileThePointerIsInside();
     void scrollsByDraggingItsBar();
@@ -94,6 +97,70 @@ void tst_Panels::scrollsByKeysFromWhateverHasTheFocusInside()
     QCOMPARE(contentY(scene), 620.0);
     scene.press(Qt::Key_Home);
     QCOMPARE(contentY(scene), 0.0);
+}
+
+namespace {
+
+const auto form = u"ScrollArea { objectName: \"it\"; width: 300; height: 200; contentHeight: 1000\n"
+                  "Column { spacing: 60; topPadding: 20\n"
+                  "Repeater { model: 10; PrimaryButton { height: 40; text: \"A\" } } } }"_s;
+const auto list = u"CardList { objectName: \"it\"; width: 300; height: 200; accessibleName: \"Cards\"; model: 10; "
+                  u"topMargin: 20; spacing: 60\n"
+                  "delegate: Item { width: 300; height: 40; PrimaryButton { height: 40; text: \"A\" } } }"_s;
+
+int buttonsBelow(const QQuickItem *item)
+{
+    int buttons = item->activeFocusOnTab() && item->property("text").isValid() ? 1 : 0;
+    for (const auto *child : item->childItems()) {
+        buttons += buttonsBelow(child);
+    }
+    return buttons;
+}
+
+// Where the item with the focus stands in what can be seen of the region.
+QRectF focusedPlace(const Scene &scene)
+{
+    return scene.view.activeFocusItem()->mapRectToItem(
+        scene.item(u"it"_s), scene.view.activeFocusItem()->boundingRect());
+}
+
+} // namespace
+
+void tst_Panels::showsWhatTheKeyboardComesTo_data()
+{
+    QTest::addColumn<QString>("qml");
+    QTest::newRow("in an area") << form;
+    QTest::newRow("in a list") << list;
+}
+
+void tst_Panels::showsWhatTheKeyboardComesTo()
+{
+    QFETCH(QString, qml);
+    Scene scene(qml);
+    // A list makes what lies just out of sight when there is time for it.
+    QTRY_VERIFY(buttonsBelow(scene.item(u"it"_s)) >= 4);
+    scene.press(Qt::Key_Tab); // the region
+    scene.press(Qt::Key_Tab);
+    scene.press(Qt::Key_Tab);
+    const double start = contentY(scene);
+    QCOMPARE(focusedPlace(scene).top(), 120.0); // it was in sight
+    scene.press(Qt::Key_Tab);
+    QCOMPARE(focusedPlace(scene).bottom(), 200.0 - 12);
+    QCOMPARE(contentY(scene), start + 72);
+    scene.press(Qt::Key_Tab, Qt::ShiftModifier);
+    QCOMPARE(contentY(scene), start + 72);
+    scene.press(Qt::Key_Tab, Qt::ShiftModifier);
+    QCOMPARE(focusedPlace(scene).top(), 12.0);
+}
+
+void tst_Panels::staysWhereItIsUnderThePointer()
+{
+    Scene scene(form);
+    scene.turnWheel(u"it"_s, QPoint(0, -50));
+    QCOMPARE(contentY(scene), 30.0);
+    QTest::mouseClick(&scene.view, Qt::LeftButton, {}, QPoint(10, 5)); // the lower part of the first button
+    QVERIFY(scene.view.activeFocusItem()->property("text").isValid());
+    QCOMPARE(contentY(scene), 30.0);
 }
 
 void tst_Panels::takesTheFocusOnlyWhereThereIsSomethingToScroll()

@@ -1,4 +1,6 @@
 // The fine-tune wizard: four steps to a custom model. It has no way to close its host, and starts nothing.
+pragma ComponentBehavior: Bound
+
 import QtQuick
 import Quillmere.Controls
 import Quillmere.Theme
@@ -167,10 +169,7 @@ Rectangle {
         onClosed: wizard.showSuccess = false
 
         content: SuccessView {
-            // What a Loader makes cannot be bound to this file's names in Qt 6.4.
-            // qmllint disable unqualified
             onDone: wizard.showSuccess = false
-            // qmllint enable unqualified
         }
     }
 }
