@@ -35,7 +35,7 @@ Flickable {
     }
 
     implicitWidth: 200
-    implicitHeight: Math.max(minimumLines, Math.min(edit.lineCount, maximumLines)) * lines.height
+    implicitHeight: Math.max(minimumLines, Math.min(edit.lineCount, maximumLines)) * Math.ceil(lines.height)
     contentWidth: width
     contentHeight: edit.implicitHeight
     clip: true
@@ -62,7 +62,7 @@ Flickable {
         selectionColor: Theme.textSelection
         selectedTextColor: "white"
         textFormat: TextEdit.PlainText
-        wrapMode: TextEdit.Wrap
+        wrapMode: words.hasEndlessWord ? TextEdit.WrapAnywhere : TextEdit.Wrap
 
         Accessible.role: Accessible.EditableText
         Accessible.name: area.label
@@ -100,6 +100,12 @@ Flickable {
     // A field of several lines takes a click below its last one too.
     TapHandler {
         onTapped: edit.forceActiveFocus(Qt.MouseFocusReason)
+    }
+
+    WordWatch {
+        id: words
+
+        document: edit.textDocument
     }
 
     FontMetrics {

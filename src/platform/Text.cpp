@@ -25,6 +25,12 @@ QString tr(const char *sourceText, int count = -1)
     return QCoreApplication::translate("Text", sourceText, nullptr, count);
 }
 
+// The C locale, of a desktop that names none, counts as US English.
+QLocale userLocale()
+{
+    return QLocale().language() == QLocale::C ? QLocale(QLocale::English, QLocale::UnitedStates) : QLocale();
+}
+
 bool partsWords(QChar character)
 {
     return !character.isLetterOrNumber() && !character.isMark() && !character.isSurrogate() && character != u'\''
@@ -166,12 +172,30 @@ QString format(const QString &format, qint64 value)
 
 QString date(const QDateTime &when)
 {
-    const QLocale locale =
-        QLocale().language() == QLocale::C ? QLocale(QLocale::English, QLocale::UnitedStates) : QLocale();
-    QString pattern = locale.dateFormat(QLocale::LongFormat);
+    QString pattern = userLocale().dateFormat(QLocale::LongFormat);
     static const QRegularExpression weekday(u"[,،]?\\s*dddd?[,،.]?\\s*"_s);
     pattern.remove(weekday);
-    return locale.toString(when.toLocalTime().date(), pattern);
+    return userLocale().toString(when.toLocalTime().date(), pattern);
+}
+
+QString time(const QDateTime &when)
+{
+    return userLocale().toString(when.toLocalTime().time(), QLocale::ShortFormat);
+}
+
+bool hasEndlessWord(const QString &text)
+{
+    constexpr qsizetype longest = 2000;
+    qsizetype inWord = 0;
+    for (const QChar character : text) {
+        const bool parts = character == u' ' || character == u'\t' || character == u'\n' || character == u'\r'
+            || character == QChar::LineSeparator || character == QChar::ParagraphSeparator;
+        inWord = parts ? 0 : inWord + 1;
+        if (inWord > longest) {
+            return true;
+        }
+    }
+    return false;
 }
 
 QString relative(const QDateTime &when, const QDateTime &now)

@@ -38,6 +38,13 @@ QString format(const QString &format, qint64 value);
 // A day without its time in the user's locale: "November 20, 2026".
 QString date(const QDateTime &when);
 
+// A time of day in the user's locale, without its seconds: "3:07 PM", "15:07".
+QString time(const QDateTime &when);
+
+// Whether some stretch of more than 2,000 code units has neither a blank nor a line break. Lines of such a text are to be broken
+// anywhere: to break them at words first takes time that grows with the square of the longest, minutes for a megabyte.
+bool hasEndlessWord(const QString &text);
+
 // The distance between two moments in its largest whole unit: "5 sec", "12 min", "1 hr", "2 days".
 QString relative(const QDateTime &when, const QDateTime &now);
 

@@ -181,6 +181,45 @@ private slots:
         QCOMPARE(text::characterCount(text), count);
     }
 
+    void showsATimeOfDayInTheUsersLocale_data()
+    {
+        QTest::addColumn<QLocale>("locale");
+        QTest::addColumn<QString>("expected");
+        QTest::newRow("none told") << QLocale::c() << u"3:07 PM"_s;
+        QTest::newRow("US English") << QLocale(QLocale::English, QLocale::UnitedStates) << u"3:07 PM"_s;
+        QTest::newRow("German") << QLocale(QLocale::German, QLocale::Germany) << u"15:07"_s;
+    }
+    void showsATimeOfDayInTheUsersLocale()
+    {
+        QFETCH(QLocale, locale);
+        const QLocale before;
+        QLocale::setDefault(locale);
+        QString shown = text::time(QDateTime(QDate(2026, 11, 20), QTime(15, 7, 42)));
+        QLocale::setDefault(before);
+        // Locales of some releases part the two by a narrow blank.
+        QTEST(shown.replace(QChar(0x202F), u' '), "expected");
+    }
+
+    void knowsAnEndlessWord_data()
+    {
+        QTest::addColumn<QString>("text");
+        QTest::addColumn<bool>("has");
+        const QString longest(2000, u'x');
+        QTest::newRow("empty") << QString() << false;
+        QTest::newRow("the longest word that is one") << longest << false;
+        QTest::newRow("a letter more") << longest + u'x' << true;
+        QTest::newRow("two of the longest") << longest + u' ' + longest << false;
+        QTest::newRow("two lines") << longest + u'\n' + longest << false;
+        QTest::newRow("after a blank") << u"a "_s + longest + u'x' << true;
+        QTest::newRow("before a blank") << longest + u"x a"_s << true;
+        QTest::newRow("blanks that keep together") << QString(2001, u'\u00a0') << true;
+    }
+    void knowsAnEndlessWord()
+    {
+        QFETCH(QString, text);
+        QTEST(text::hasEndlessWord(text), "has");
+    }
+
     void showsByteCounts_data()
     {
         QTest::addColumn<qint64>("bytes");
