@@ -43,7 +43,7 @@ constexpr std::array<Destination, SidebarItem::count> destinations{{
         "Tools/SimplifiedFineTuningView.qml"},
     {SidebarItem::Chat, "chat", QT_TRANSLATE_NOOP("SidebarItem", "Chat"), "bubble.left", Group::None, notBuiltYet},
     {SidebarItem::Deployment, "deployment", QT_TRANSLATE_NOOP("SidebarItem", "Deployment"), "paperplane", Group::None,
-        notBuiltYet},
+        "Tools/DeploymentView.qml"},
     {SidebarItem::Agents, "agents", QT_TRANSLATE_NOOP("SidebarItem", "Agents"), "brain", Group::None, notBuiltYet},
     {SidebarItem::Profile, "profile", QT_TRANSLATE_NOOP("SidebarItem", "Profile"), "person", Group::None,
         "Identity/UserProfileView.qml"},
