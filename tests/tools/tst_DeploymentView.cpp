@@ -8,6 +8,8 @@
 #include <QGuiApplication>
 #include <QTest>
 
+#include <cmath>
+
 using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
 
@@ -335,6 +337,23 @@ private slots:
         QVERIFY(placeOf(text(u"MODEL REGISTRY"_s)).top() < title);
         QVERIFY(placeOf(m_window->button(u"Archive"_s)).bottom() <= 300 - 24);
         QCOMPARE(placeOf(text(u"INFERENCE PLAYGROUND"_s)).top(), playground);
+    }
+
+    void keepsTheLinesBetweenRowsWhenTheHighlightMoves()
+    {
+        open();
+        const auto *registry = m_window->all(u"ModelRegistry"_s).value(0);
+        for (const QString &version : {u"v1.1.5"_s, u"v1.0.0"_s, u"v1.2.0"_s}) {
+            m_window->click(row(version));
+            QTest::mouseMove(m_view.get(), QPoint(5, 700));
+            testing::settle();
+            const QImage shown = m_view->grabWindow();
+            for (const auto *divider : m_window->all(u"Divider"_s, registry)) {
+                const QPointF place = placeOf(divider).topLeft();
+                QCOMPARE(place.y(), std::floor(place.y()));
+                QCOMPARE(word(shown.pixelColor(300, int(place.y()))), u"#ff333333"_s);
+            }
+        }
     }
 
     // What it looks like.

@@ -43,6 +43,9 @@ Rectangle {
                     id: newDeployment
 
                     anchors.right: parent.right
+                    // In whole points, as all below it: the software renderer loses lines that lie between two.
+                    width: Math.ceil(implicitWidth)
+                    height: Math.ceil(implicitHeight)
                     symbol: "plus"
                     text: qsTr("New Deployment")
                 }
