@@ -38,6 +38,15 @@ public:
         }
     }
 
+    // One more at the end.
+    void append(Record record)
+    {
+        const int row = rowCount();
+        beginInsertRows({}, row, row);
+        m_records.append(std::move(record));
+        endInsertRows();
+    }
+
 private:
     // More pieces than this, and a reset costs the view less.
     static constexpr qsizetype mostPieces = 64;

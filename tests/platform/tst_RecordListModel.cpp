@@ -2,6 +2,7 @@
 
 #include <QAbstractItemModelTester>
 #include <QRegularExpression>
+#include <QSignalSpy>
 #include <QTest>
 
 using namespace Qt::StringLiterals;
@@ -104,6 +105,23 @@ private slots:
         QVERIFY(!model.data(model.index(0), Qt::DisplayRole).isValid());
         QVERIFY(!model.data(model.index(0), Qt::UserRole + 4).isValid());
         QCOMPARE(model.rowCount(model.index(0)), 0);
+    }
+
+    void appendsOneWithoutTouchingTheOthers()
+    {
+        FruitModel model;
+        QSignalSpy inserted(&model, &QAbstractItemModel::rowsInserted);
+        QSignalSpy changed(&model, &QAbstractItemModel::dataChanged);
+        QSignalSpy reset(&model, &QAbstractItemModel::modelReset);
+        model.append({u"a"_s, u"apple"_s, 150});
+        model.append({u"b"_s, u"banana"_s, {}});
+        QCOMPARE(model.rowCount(), 2);
+        QCOMPARE(model.at(1, "name"), u"banana"_s);
+        QCOMPARE(inserted.count(), 2);
+        QCOMPARE(inserted[1][1].toInt(), 1);
+        QCOMPARE(inserted[1][2].toInt(), 1);
+        QCOMPARE(changed.count(), 0);
+        QCOMPARE(reset.count(), 0);
     }
 
     void tellsWhatWentCameAndChanged_data()
