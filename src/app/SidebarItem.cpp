@@ -38,7 +38,7 @@ constexpr std::array<Destination, SidebarItem::count> destinations{{
     {SidebarItem::Settings, "settings", QT_TRANSLATE_NOOP("SidebarItem", "Settings"), "gearshape", Group::System,
         "Workspace/SettingsView.qml"},
     {SidebarItem::Documentation, "documentation", QT_TRANSLATE_NOOP("SidebarItem", "Documentation"), "book",
-        Group::None, notBuiltYet},
+        Group::None, "Tools/DocumentationView.qml"},
     {SidebarItem::FineTune, "fineTune", QT_TRANSLATE_NOOP("SidebarItem", "Fine-Tune"), "bolt", Group::None,
         "Tools/SimplifiedFineTuningView.qml"},
     {SidebarItem::Chat, "chat", QT_TRANSLATE_NOOP("SidebarItem", "Chat"), "bubble.left", Group::None,

@@ -1,8 +1,8 @@
 // A link out of the program.
 import QtQuick
 import Quillmere.Controls
+import Quillmere.Platform
 import Quillmere.Theme
-import Quillmere.Workspace
 
 Item {
     id: link
@@ -23,7 +23,7 @@ Item {
         text: link.title
         hoverTint: Theme.hovered
         Accessible.role: Accessible.Link
-        onClicked: AboutLinks.open(link.url)
+        onClicked: ExternalLinks.open(link.url)
 
         contentItem: Item {
             SymbolIcon {

@@ -1,7 +1,6 @@
 #include "workspace/settings/AboutLinks.h"
 
 #include "platform/Environment.h"
-#include "platform/Urls.h"
 
 using namespace Qt::StringLiterals;
 
@@ -25,13 +24,6 @@ QString AboutLinks::termsOfService()
 QString AboutLinks::contactSupport()
 {
     return u"mailto:"_s + Environment::current().hosts.supportAddress;
-}
-
-void AboutLinks::open(const QString &url)
-{
-    if (const auto parsed = parseUrl(url)) {
-        Environment::current().urlOpener->open(*parsed);
-    }
 }
 
 } // namespace quillmere

@@ -6,7 +6,7 @@
 
 namespace quillmere {
 
-// Where the links of the settings' "About" lead, and what follows one.
+// Where the links of the settings' "About" lead.
 class AboutLinks : public QObject {
     Q_OBJECT
     QML_ELEMENT
@@ -22,9 +22,6 @@ public:
     static QString privacyPolicy();
     static QString termsOfService();
     static QString contactSupport();
-
-    // Hands the URL to the desktop. A text that is no URL is ignored.
-    Q_INVOKABLE static void open(const QString &url);
 };
 
 } // namespace quillmere

@@ -1,3 +1,4 @@
+#include "platform/ExternalLinks.h"
 #include "support/CapturedOutput.h"
 #include "support/TestEnvironment.h"
 #include "workspace/settings/AboutLinks.h"
@@ -387,10 +388,10 @@ private slots:
     {
         world->environment.hosts.webSite = u"https://site.example"_s;
         world->environment.hosts.supportAddress = u"help@site.example"_s;
-        AboutLinks::open(AboutLinks::documentation());
-        AboutLinks::open(AboutLinks::privacyPolicy());
-        AboutLinks::open(AboutLinks::termsOfService());
-        AboutLinks::open(AboutLinks::contactSupport());
+        ExternalLinks::open(AboutLinks::documentation());
+        ExternalLinks::open(AboutLinks::privacyPolicy());
+        ExternalLinks::open(AboutLinks::termsOfService());
+        ExternalLinks::open(AboutLinks::contactSupport());
         QCOMPARE(world->urlOpener.opened,
             QList<QUrl>({QUrl(u"https://site.example/docs"_s), QUrl(u"https://site.example/privacy"_s),
                 QUrl(u"https://site.example/terms"_s), QUrl(u"mailto:help@site.example"_s)}));
@@ -408,7 +409,7 @@ private slots:
     {
         QFETCH(QString, url);
         CapturedOutput output;
-        AboutLinks::open(url);
+        ExternalLinks::open(url);
         QVERIFY(world->urlOpener.opened.isEmpty());
         QVERIFY(output.lines().isEmpty());
     }

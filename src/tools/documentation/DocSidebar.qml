@@ -1,0 +1,93 @@
+// The column of the documentation: its categories, and below them links to the web.
+pragma ComponentBehavior: Bound
+
+import QtQuick
+import Quillmere.Controls
+import Quillmere.Theme
+import Quillmere.Tools
+
+Rectangle {
+    id: sidebar
+
+    required property int selectedCategory
+
+    signal selected(int category)
+
+    component Heading: Label {
+        leftPadding: 16
+        rightPadding: 16
+        topPadding: 20
+        bottomPadding: 8
+        font: Theme.system(11, Font.Bold)
+        color: Theme.textTertiary
+        Accessible.role: Accessible.Heading
+    }
+
+    color: Theme.sidebarBackground
+
+    Column {
+        width: sidebar.width
+        spacing: 8
+
+        Heading {
+            text: qsTr("DOCUMENTATION")
+        }
+
+        Column {
+            x: 8
+            width: sidebar.width - 16
+            spacing: 4
+
+            Repeater {
+                model: DocCategories.all
+
+                DocCategoryRow {
+                    required property int modelData
+
+                    width: parent.width
+                    category: modelData
+                    isSelected: sidebar.selectedCategory === category
+                    onClicked: sidebar.selected(category)
+                }
+            }
+        }
+    }
+
+    Column {
+        anchors.bottom: parent.bottom
+        width: sidebar.width
+        bottomPadding: 20
+        spacing: 8
+
+        Heading {
+            text: qsTr("RESOURCES")
+        }
+
+        Column {
+            x: 8
+            width: sidebar.width - 16
+            spacing: 4
+
+            ExternalLinkButton {
+                width: parent.width
+                title: qsTr("Online Docs")
+                icon: "globe"
+                url: DocAddresses.onlineDocs
+            }
+
+            ExternalLinkButton {
+                width: parent.width
+                title: qsTr("GitHub")
+                icon: "chevron.left.forwardslash.chevron.right"
+                url: DocAddresses.sourcePage
+            }
+
+            ExternalLinkButton {
+                width: parent.width
+                title: qsTr("Discord")
+                icon: "bubble.left.and.bubble.right"
+                url: DocAddresses.communityInvite
+            }
+        }
+    }
+}
