@@ -25,7 +25,7 @@ constexpr auto notBuiltYet = "App/NotBuiltYet.qml";
 
 constexpr std::array<Destination, SidebarItem::count> destinations{{
     {SidebarItem::Dashboard, "dashboard", QT_TRANSLATE_NOOP("SidebarItem", "Dashboard"), "house", Group::Main,
-        notBuiltYet},
+        "Analytics/MonitoringView.qml"},
     {SidebarItem::Projects, "projects", QT_TRANSLATE_NOOP("SidebarItem", "Projects"), "square.stack.3d.up", Group::Main,
         "Workspace/ProjectsView.qml"},
     {SidebarItem::Datasets, "datasets", QT_TRANSLATE_NOOP("SidebarItem", "Datasets"), "cylinder.split.1x2", Group::Main,

@@ -26,7 +26,8 @@ constexpr std::array<Tab, StudioAnalyticsTab::count> tabs{{
     {StudioAnalyticsTab::Training, "training", QT_TRANSLATE_NOOP("StudioAnalyticsTab", "Training"), notBuiltYet},
     {StudioAnalyticsTab::Validation, "validation", QT_TRANSLATE_NOOP("StudioAnalyticsTab", "Validation"), notBuiltYet},
     {StudioAnalyticsTab::Deployment, "deployment", QT_TRANSLATE_NOOP("StudioAnalyticsTab", "Deployment"), notBuiltYet},
-    {StudioAnalyticsTab::Monitoring, "monitoring", QT_TRANSLATE_NOOP("StudioAnalyticsTab", "Monitoring"), notBuiltYet},
+    {StudioAnalyticsTab::Monitoring, "monitoring", QT_TRANSLATE_NOOP("StudioAnalyticsTab", "Monitoring"),
+        "Analytics/MonitoringView.qml"},
     {StudioAnalyticsTab::Telemetry, "telemetry", QT_TRANSLATE_NOOP("StudioAnalyticsTab", "Telemetry"), notBuiltYet},
 }};
 

@@ -11,6 +11,8 @@ Popover {
 
     contentItem: Loader {
         active: popover.visible
-        sourceComponent: SystemPerformanceMonitor {}
+        sourceComponent: SystemPerformanceMonitor {
+            topRadius: 9
+        }
     }
 }

@@ -1,0 +1,83 @@
+// Four figures of the machine, all of them sample values.
+import QtQuick
+import Quillmere.Analytics
+import Quillmere.Controls
+import Quillmere.Theme
+
+Card {
+    id: card
+
+    Row {
+        id: title
+
+        x: 20
+        y: 20
+        spacing: 8
+
+        SymbolIcon {
+            anchors.verticalCenter: parent.verticalCenter
+            name: "server.rack"
+            size: 14
+            color: Theme.textTertiary
+        }
+
+        Label {
+            text: qsTr("Hardware")
+            font: Theme.bodyMediumFont
+            color: "white"
+        }
+    }
+
+    Grid {
+        id: gauges
+
+        readonly property real cellWidth: (width - spacing) / 2
+        readonly property real cellHeight: (height - spacing) / 2
+
+        anchors.top: title.bottom
+        anchors.topMargin: 20
+        anchors.bottom: card.bottom
+        anchors.bottomMargin: 20
+        x: 20
+        width: card.width - 40
+        columns: 2
+        spacing: 16
+
+        GaugeItem {
+            width: gauges.cellWidth
+            height: gauges.cellHeight
+            value: 0.92
+            label: qsTr("GPU UTIL")
+            symbol: "bolt.fill"
+            color: "white"
+            valueText: "92%"
+        }
+
+        GaugeItem {
+            width: gauges.cellWidth
+            height: gauges.cellHeight
+            value: 0.18
+            label: qsTr("VRAM")
+            color: Color.purple
+            valueText: "18 GB"
+        }
+
+        GaugeItem {
+            width: gauges.cellWidth
+            height: gauges.cellHeight
+            value: 0.45
+            label: qsTr("RAM")
+            color: Color.blue
+            valueText: "45 GB"
+        }
+
+        GaugeItem {
+            width: gauges.cellWidth
+            height: gauges.cellHeight
+            value: 0.34
+            label: qsTr("TEMP")
+            color: Color.green
+            valueText: "34 °C"
+        }
+    }
+}
