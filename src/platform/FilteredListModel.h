@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/RecordRoles.h"
+#include "platform/SearchIndex.h"
 #include "platform/Text.h"
 
 #include <QAbstractListModel>
@@ -8,6 +9,7 @@
 
 #include <algorithm>
 #include <functional>
+#include <iterator>
 #include <numeric>
 #include <vector>
 
@@ -15,16 +17,17 @@ namespace quillmere {
 
 // A long list of records, of which a view shows those that pass a filter and hold the text that is looked for, in the
 // order of the list. What a row shows is made when the view asks for it: a hundred thousand records cost no more than the
-// few dozen rows on display, and what a search takes is a look at each record's text. A row's fields are the roles.
+// few dozen rows on display, and what a search takes is a look at texts that were prepared for it. A row's fields are the
+// roles.
 //
 // Whoever owns the list calls refresh() when what a record shows depends on something that is not in it.
 template <typename Record, typename Row> class FilteredListModel : public QAbstractListModel {
 public:
     using Filter = std::function<bool(const Record &)>;
 
-    // How a record is shown, and the text in which it is looked for.
-    FilteredListModel(std::function<Row(const Record &)> rowOf, std::function<QString(const Record &)> textOf)
-        : m_rowOf(std::move(rowOf)), m_textOf(std::move(textOf))
+    // How a record is shown, and the texts in each of which it is looked for.
+    FilteredListModel(std::function<Row(const Record &)> rowOf, std::function<QStringList(const Record &)> textsOf)
+        : m_rowOf(std::move(rowOf)), m_textsOf(std::move(textsOf))
     {
     }
 
@@ -34,28 +37,26 @@ public:
     {
         beginResetModel();
         m_records = std::move(records);
-        m_texts.clear();
-        choose();
+        prepareSearch();
+        m_shown = chosen();
+        m_madeRow = -1;
         endResetModel();
     }
 
     void prepend(const Record &record)
     {
-        const QString text = textToSearch(record);
-        const bool shows = passes(record, text);
+        const bool shows = passes(record);
         if (shows) {
             beginInsertRows({}, 0, 0);
         }
         m_records.prepend(record);
-        if (!m_texts.isEmpty()) {
-            m_texts.prepend(text);
-        }
         for (qsizetype &place : m_shown) {
             ++place;
         }
         if (shows) {
             m_shown.insert(m_shown.begin(), 0);
         }
+        m_isPrepared = false;
         m_madeRow = -1;
         if (shows) {
             endInsertRows();
@@ -65,9 +66,7 @@ public:
     void replace(qsizetype place, const Record &record)
     {
         m_records[place] = record;
-        if (!m_texts.isEmpty()) {
-            m_texts[place] = textToSearch(record);
-        }
+        m_isPrepared = false;
         refresh(place);
     }
 
@@ -80,9 +79,7 @@ public:
             beginRemoveRows({}, row, row);
         }
         m_records.remove(place);
-        if (!m_texts.isEmpty()) {
-            m_texts.remove(place);
-        }
+        m_isPrepared = false;
         std::for_each(shown, m_shown.end(), [](qsizetype &later) { --later; });
         if (shows) {
             m_shown.erase(shown);
@@ -98,8 +95,7 @@ public:
     {
         const auto shown = std::lower_bound(m_shown.begin(), m_shown.end(), place);
         const bool showed = shown != m_shown.end() && *shown == place;
-        const bool shows =
-            passes(m_records[place], m_texts.isEmpty() ? textToSearch(m_records[place]) : m_texts[place]);
+        const bool shows = passes(m_records[place]);
         const int row = int(shown - m_shown.begin());
         m_madeRow = -1;
         if (showed && shows) {
@@ -152,52 +148,75 @@ public:
 private:
     using Roles = RecordRoles<Row>;
 
-    QString textToSearch(const Record &record) const
+    bool passes(const Record &record) const
     {
-        return m_searched.isEmpty() && m_texts.isEmpty() ? QString() : text::searchable(m_textOf(record));
+        const QStringList texts = m_searched.isEmpty() ? QStringList() : m_textsOf(record);
+        const bool isFound = m_searched.isEmpty()
+            || std::any_of(texts.cbegin(), texts.cend(),
+                [this](const QString &text) { return text::localizedCaseInsensitiveContains(text, m_searched); });
+        return isFound && (!m_filter || m_filter(record));
     }
 
-    bool passes(const Record &record, const QString &text) const
+    void prepareSearch()
     {
-        return (m_searched.isEmpty() || text.contains(m_searched)) && (!m_filter || m_filter(record));
+        m_searchIndex.clear();
+        for (const Record &record : std::as_const(m_records)) {
+            m_searchIndex.add(m_textsOf(record));
+        }
+        m_isPrepared = true;
     }
 
+    // Tells the view what goes and what comes instead of a reset, after which it would make all its rows anew. What stays
+    // at both ends stays; between them one piece goes and one comes.
     void chooseAnew()
     {
-        beginResetModel();
-        choose();
-        endResetModel();
+        std::vector<qsizetype> next = chosen();
+        const auto [before, after] = std::mismatch(m_shown.begin(), m_shown.end(), next.begin(), next.end());
+        const auto [beforeEnd, afterEnd] = std::mismatch(std::reverse_iterator(m_shown.end()),
+            std::reverse_iterator(before), std::reverse_iterator(next.end()), std::reverse_iterator(after));
+        const int first = int(before - m_shown.begin());
+        const int going = int(beforeEnd.base() - before);
+        const int coming = int(afterEnd.base() - after);
+        m_madeRow = -1;
+        if (going > 0) {
+            beginRemoveRows({}, first, first + going - 1);
+            m_shown.erase(before, beforeEnd.base());
+            endRemoveRows();
+        }
+        if (coming > 0) {
+            beginInsertRows({}, first, first + coming - 1);
+            m_shown = std::move(next);
+            m_madeRow = -1;
+            endInsertRows();
+        }
     }
 
-    void choose()
+    std::vector<qsizetype> chosen()
     {
-        m_madeRow = -1;
-        if (m_searched.isEmpty() && !m_filter) {
-            m_shown.resize(size_t(m_records.size()));
-            std::iota(m_shown.begin(), m_shown.end(), 0);
-            return;
-        }
-        if (!m_searched.isEmpty() && m_texts.isEmpty()) {
-            m_texts.reserve(m_records.size());
-            for (const Record &record : std::as_const(m_records)) {
-                m_texts.append(text::searchable(m_textOf(record)));
+        std::vector<qsizetype> places;
+        if (m_searched.isEmpty()) {
+            places.resize(size_t(m_records.size()));
+            std::iota(places.begin(), places.end(), 0);
+        } else {
+            if (!m_isPrepared) {
+                prepareSearch();
             }
+            places = m_searchIndex.entriesWith(m_searched);
         }
-        m_shown.clear();
-        for (qsizetype place = 0; place < m_records.size(); ++place) {
-            if (passes(m_records[place], m_texts.isEmpty() ? QString() : m_texts[place])) {
-                m_shown.push_back(place);
-            }
+        if (m_filter) {
+            std::erase_if(places, [this](qsizetype place) { return !m_filter(m_records[place]); });
         }
+        return places;
     }
 
     std::function<Row(const Record &)> m_rowOf;
-    std::function<QString(const Record &)> m_textOf;
+    std::function<QStringList(const Record &)> m_textsOf;
     Filter m_filter;
     QString m_searched;
 
     QList<Record> m_records;
-    QList<QString> m_texts;         // of the records, ready to be searched; none before the first search
+    SearchIndex m_searchIndex;      // of the records, by place
+    bool m_isPrepared = true;       // false: m_searchIndex is of the records as they were
     std::vector<qsizetype> m_shown; // the places of the records that pass, rising
 
     mutable Row m_row;

@@ -13,6 +13,7 @@ namespace {
 struct Fruit {
     QString name;
     int weight = 0;
+    QString origin{};
 };
 
 struct FruitRow {
@@ -38,7 +39,7 @@ public:
             },
             [](const Fruit &fruit) {
                 ++textsMade;
-                return fruit.name;
+                return QStringList{fruit.name, fruit.origin};
             })
     {
         connect(this, &QAbstractItemModel::rowsInserted, this, [this](const QModelIndex &, int first, int last) {
@@ -141,10 +142,84 @@ private slots:
     void looksAtEachTextOnceForManySearches()
     {
         textsMade = 0;
+        m_model->setRecords(m_model->records());
         m_model->search(u"a"_s);
         m_model->search(u"ap"_s);
         m_model->search(u"app"_s);
         QCOMPARE(textsMade, 4);
+    }
+
+    void looksIntoEachOfARecordsTexts()
+    {
+        m_model->setRecords({{u"Apple"_s, 150, u"Peru"_s}, {u"Pear"_s, 180, u"Tyrol"_s}, {u"Prune"_s, 5, {}}});
+        m_model->search(u"PERU"_s);
+        QCOMPARE(m_model->names(), u"Apple"_s);
+        // Not from one into the next.
+        m_model->search(u"arty"_s);
+        QCOMPARE(m_model->names(), QString());
+        m_model->search(u"r"_s);
+        QCOMPARE(m_model->names(), u"Apple Pear Prune"_s);
+        m_model->prepend({u"Kiwi"_s, 70, u"Tyrol"_s});
+        m_model->search(u"tyrol"_s);
+        QCOMPARE(m_model->names(), u"Kiwi Pear"_s);
+        m_model->prepend({u"Fig"_s, 70, u"TYROL"_s});
+        m_model->replace(1, {u"Kiwi"_s, 70, u"Crete"_s});
+        QCOMPARE(m_model->names(), u"Fig Pear"_s);
+    }
+
+    void givesTheFieldsOfARowUnderTheirNames()
+    {
+        const QHash<int, QByteArray> roles = m_model->roleNames();
+        QCOMPARE(QSet<QByteArray>(roles.cbegin(), roles.cend()), QSet<QByteArray>({"identifier", "label"}));
+    }
+
+    void tellsWhatASearchTakesAwayAndBrings_data()
+    {
+        QTest::addColumn<QString>("before");
+        QTest::addColumn<QString>("after");
+        QTest::addColumn<QStringList>("told");
+        const auto row = [](const char *name, const QString &before, const QString &after, const QStringList &told) {
+            QTest::newRow(name) << before << after << told;
+        };
+        row("some go from the middle", u""_s, u"apple"_s, {u"removed 1-2"_s});
+        row("and come back", u"apple"_s, u""_s, {u"inserted 1-2"_s});
+        row("others come", u"apple"_s, u"pear"_s, {u"removed 0-1"_s, u"inserted 0-0"_s});
+        row("one of the middle stays", u""_s, u"pear"_s, {u"removed 0-3"_s, u"inserted 0-0"_s});
+        row("all go", u""_s, u"plum"_s, {u"removed 0-3"_s});
+        row("some come after none", u"plum"_s, u"ape"_s, {u"inserted 0-0"_s});
+        row("the same stay", u"apple"_s, u"appl"_s, {});
+    }
+    void tellsWhatASearchTakesAwayAndBrings()
+    {
+        QFETCH(QString, before);
+        QFETCH(QString, after);
+        QFETCH(QStringList, told);
+        m_model->search(before);
+        m_model->told.clear();
+        m_model->search(after);
+        QCOMPARE(m_model->told, told);
+    }
+
+    void leavesAloneWhoHoldsOnToARowThatStays()
+    {
+        const QPersistentModelIndex apple = m_model->index(0);
+        const QPersistentModelIndex pear = m_model->index(1);
+        const QPersistentModelIndex pineapple = m_model->index(3);
+        m_model->search(u"apple"_s);
+        QCOMPARE(apple.row(), 0);
+        QVERIFY(!pear.isValid());
+        QCOMPARE(pineapple.row(), 1);
+        QCOMPARE(pineapple.data(m_model->roleNames().key("identifier")).toString(), u"Pineapple"_s);
+    }
+
+    void givesTheRightRowToWhoReadsAmidAChange()
+    {
+        m_model->filter([](const Fruit &fruit) { return fruit.weight == 180 || fruit.weight == 900; });
+        QStringList read;
+        connect(m_model.get(), &QAbstractItemModel::rowsRemoved, this, [&] { read.append(m_model->labels().first()); });
+        m_model->filter([](const Fruit &fruit) { return fruit.weight == 5 || fruit.weight == 900; });
+        QCOMPARE(read, QStringList{u"Pineapple of 900 g"_s});
+        QCOMPARE(m_model->labels(), QStringList({u"Grape of 5 g"_s, u"Pineapple of 900 g"_s}));
     }
 
     void tellsNothingForASearchThatIsTheSame()
