@@ -35,7 +35,7 @@ double gapAcross(const QQuickItem *left, const QQuickItem *right)
 
 bool isTracked(const QQuickItem *text, double spacing)
 {
-    const QFont font = text->property("font").value<QFont>();
+    const auto font = text->property("font").value<QFont>();
     return font.letterSpacingType() == QFont::AbsoluteSpacing && qAbs(font.letterSpacing() - spacing) < 0.02;
 }
 

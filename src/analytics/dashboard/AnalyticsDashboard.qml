@@ -27,6 +27,7 @@ Rectangle {
 
         anchors.top: header.bottom
         width: view.width
+        z: 1
         selectedTab: view.selectedTab
         onSelected: tab => view.selectedTab = tab
     }

@@ -12,6 +12,8 @@ ButtonBase {
     padding: 12
     radius: 0
     fillColor: selected ? AnalyticsPalette.card : "transparent"
+    // The ring around it lies over its neighbours.
+    z: visualFocus ? 1 : 0
     Accessible.role: Accessible.PageTab
     Accessible.selectable: true
     Accessible.selected: selected
