@@ -22,9 +22,11 @@ constexpr auto notBuiltYet = "Analytics/TabNotBuiltYet.qml";
 // Two of them are called otherwise than what they show: the gauges are the telemetry tab, and the telemetry of the training
 // run is the training tab.
 constexpr std::array<Tab, StudioAnalyticsTab::count> tabs{{
-    {StudioAnalyticsTab::Overview, "overview", QT_TRANSLATE_NOOP("StudioAnalyticsTab", "Overview"), notBuiltYet},
+    {StudioAnalyticsTab::Overview, "overview", QT_TRANSLATE_NOOP("StudioAnalyticsTab", "Overview"),
+        "Analytics/OverviewView.qml"},
     {StudioAnalyticsTab::Training, "training", QT_TRANSLATE_NOOP("StudioAnalyticsTab", "Training"), notBuiltYet},
-    {StudioAnalyticsTab::Validation, "validation", QT_TRANSLATE_NOOP("StudioAnalyticsTab", "Validation"), notBuiltYet},
+    {StudioAnalyticsTab::Validation, "validation", QT_TRANSLATE_NOOP("StudioAnalyticsTab", "Validation"),
+        "Analytics/ValidationView.qml"},
     {StudioAnalyticsTab::Deployment, "deployment", QT_TRANSLATE_NOOP("StudioAnalyticsTab", "Deployment"),
         "Tools/DeploymentView.qml"},
     {StudioAnalyticsTab::Monitoring, "monitoring", QT_TRANSLATE_NOOP("StudioAnalyticsTab", "Monitoring"),
