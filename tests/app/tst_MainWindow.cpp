@@ -510,6 +510,45 @@ private slots:
         QCOMPARE(highlighted(), hasRow ? QList<int>{item} : QList<int>{});
     }
 
+    // The documentation has a table of shortcuts. It is a table and no more.
+    void knowsNoneOfTheDocumentedShortcuts_data()
+    {
+        QTest::addColumn<Qt::Key>("key");
+        QTest::addColumn<Qt::KeyboardModifiers>("modifiers");
+        const QList<std::pair<const char *, Qt::Key>> keys{{"1", Qt::Key_1}, {"2", Qt::Key_2}, {"3", Qt::Key_3},
+            {"4", Qt::Key_4}, {"comma", Qt::Key_Comma}, {"N", Qt::Key_N}, {"U", Qt::Key_U}, {"T", Qt::Key_T},
+            {"F", Qt::Key_F}};
+        for (const auto &[name, key] : keys) {
+            QTest::addRow("Control and %s", name) << key << Qt::KeyboardModifiers(Qt::ControlModifier);
+            QTest::addRow("Meta and %s", name) << key << Qt::KeyboardModifiers(Qt::MetaModifier);
+        }
+    }
+    void knowsNoneOfTheDocumentedShortcuts()
+    {
+        QFETCH(Qt::Key, key);
+        QFETCH(Qt::KeyboardModifiers, modifiers);
+        opensSignedIn();
+        m_window->click(rows()[4]);
+        QVERIFY(eventually([this] { return m_window->shows(u"No Training Jobs"_s); }));
+        QVERIFY(eventually([this] { return m_world->service.requests().size() == 2; })); // the user and the jobs
+        for (const int item : {SidebarItem::Training, SidebarItem::Documentation}) {
+            content()->setProperty("selection", item);
+            rows()[4]->forceActiveFocus(Qt::TabFocusReason);
+            settle();
+            const QStringList before = m_window->texts();
+            const auto requests = m_world->service.requests().size();
+            m_window->press(key, modifiers);
+            m_world->clock.advance(2s);
+            settle();
+            QCOMPARE(m_window->texts(), before);
+            QCOMPARE(selection(), item);
+            QCOMPARE(m_studio->window()->activeFocusItem(), rows()[4]);
+            QCOMPARE(m_world->service.requests().size(), requests);
+            QCOMPARE(QGuiApplication::topLevelWindows().size(), 1);
+            QVERIFY(!Alerts::shared().isUp());
+        }
+    }
+
     void showsTheDashboardsViewForNoSelection()
     {
         opensSignedIn();
