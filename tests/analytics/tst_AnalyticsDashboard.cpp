@@ -461,6 +461,32 @@ private slots:
         QCOMPARE(placeOf(monitor()).right() - placeOf(gauges[1]).right(), 16.0);
     }
 
+    void showsAllOfTheSystemMonitorWhereItIsLow_data()
+    {
+        QTest::addColumn<int>("width");
+        QTest::newRow("narrow") << 660;
+        QTest::newRow("wide") << 1652;
+    }
+    void showsAllOfTheSystemMonitorWhereItIsLow()
+    {
+        QFETCH(int, width);
+        m_view = openView(u"Analytics/SystemPerformanceMonitor.qml"_s, {width, 160});
+        m_window = std::make_unique<Window>(*m_view);
+        QList<QQuickItem *> parts = m_window->all(u"MonitorGauge"_s);
+        QCOMPARE(parts.size(), 4);
+        parts.append(m_window->all(u"Sparkline"_s));
+        double right = 0;
+        for (const QQuickItem *part : parts) {
+            QVERIFY(QRectF(16, 49, width - 32, 111).contains(placeOf(part)));
+            QVERIFY(placeOf(part).left() >= right + 16);
+            for (const QQuickItem *text : m_window->all(u"Label"_s, part)) {
+                QVERIFY(placeOf(part).contains(placeOf(text)));
+            }
+            right = placeOf(part).right();
+        }
+        QVERIFY(placeOf(parts.constLast()).width() >= 150);
+    }
+
     void showsTheSameFiguresForBothDevicesUnderANewCurve()
     {
         opensMonitor();

@@ -12,11 +12,17 @@ Item {
     property real topRadius: 0
 
     // Where the panel is too low for all below each other, the gauges stand in one row and the curve beside them.
-    readonly property bool isLow: height < implicitHeight
-    readonly property real bodyHeight: height - header.height - line.height
+    readonly property bool isLow: height < fullHeight
+    readonly property real fullHeight: bodyTop + 48 + 2 * clock.implicitHeight + gauges.spacing + strip.implicitHeight
+    readonly property real bodyTop: header.height + line.height
+
+    // What lies in the middle of the body.
+    function middle(height: real): real {
+        return bodyTop + (monitor.height - bodyTop - height) / 2;
+    }
 
     implicitWidth: 320
-    implicitHeight: header.height + line.height + 32 + 2 * gauge.implicitHeight + gauges.spacing + strip.implicitHeight
+    implicitHeight: fullHeight
 
     SystemPerformanceMonitorState {
         id: state
@@ -74,17 +80,15 @@ Item {
     Grid {
         id: gauges
 
-        readonly property real cellWidth: ((monitor.isLow ? monitor.width / 2 : monitor.width) - 32 - (columns - 1) * spacing) / columns
+        readonly property real share: ((monitor.isLow ? monitor.width / 2 : monitor.width) - 32 - (columns - 1) * spacing) / columns
+        readonly property real cellWidth: Math.max(share, power.implicitWidth, clock.implicitWidth)
 
-        anchors.top: line.bottom
-        anchors.topMargin: monitor.isLow ? (monitor.bodyHeight - height) / 2 : 16
         x: 16
+        y: monitor.isLow ? monitor.middle(height) : monitor.bodyTop + 16
         columns: monitor.isLow ? 4 : 2
         spacing: 16
 
         MonitorGauge {
-            id: gauge
-
             width: gauges.cellWidth
             label: qsTr("TEMP")
             value: 82
@@ -103,6 +107,8 @@ Item {
         }
 
         MonitorGauge {
+            id: power
+
             width: gauges.cellWidth
             label: qsTr("POWER")
             value: 320
@@ -112,6 +118,8 @@ Item {
         }
 
         MonitorGauge {
+            id: clock
+
             width: gauges.cellWidth
             label: qsTr("CLOCK")
             value: 2.1
@@ -124,10 +132,9 @@ Item {
     Column {
         id: strip
 
-        x: (monitor.isLow ? monitor.width / 2 : 0) + 16
-        y: monitor.isLow ? header.height + line.height + (monitor.bodyHeight - height) / 2 : monitor.height - height
+        x: monitor.isLow ? gauges.x + gauges.width + 32 : 16
+        y: monitor.isLow ? monitor.middle(height) : monitor.height - height - 16
         width: monitor.width - x - 16
-        bottomPadding: monitor.isLow ? 0 : 16
         spacing: 4
 
         Label {
