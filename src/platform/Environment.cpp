@@ -1,5 +1,6 @@
 #include "platform/Environment.h"
 
+#include "platform/DesktopFilePicker.h"
 #include "platform/DesktopUrlOpener.h"
 #include "platform/LibsecretStore.h"
 #include "platform/SystemClock.h"
@@ -47,6 +48,7 @@ std::unique_ptr<Environment> Environment::real()
     environment->clock = std::make_unique<SystemClock>();
     environment->secrets = std::make_unique<LibsecretStore>();
     environment->urlOpener = std::make_unique<DesktopUrlOpener>();
+    environment->filePicker = std::make_unique<DesktopFilePicker>();
     environment->makeRandomSource = [] { return std::make_unique<SystemRandom>(); };
     environment->authenticateInBrowser = [](QUrl url, QString callbackScheme) {
         installUrlSchemeHandler(callbackScheme, QCoreApplication::applicationFilePath());

@@ -3,6 +3,7 @@
 #include "configuration/Hosts.h"
 #include "platform/BrowserSession.h"
 #include "platform/Clock.h"
+#include "platform/FilePicker.h"
 #include "platform/RandomSource.h"
 #include "platform/SecretStore.h"
 #include "platform/UrlOpener.h"
@@ -23,6 +24,7 @@ public:
     std::unique_ptr<Clock> clock;
     std::unique_ptr<SecretStore> secrets;
     std::unique_ptr<UrlOpener> urlOpener;
+    std::unique_ptr<FilePicker> filePicker;
     std::function<std::unique_ptr<RandomSource>()> makeRandomSource;
     std::function<QCoro::Task<BrowserOutcome>(QUrl url, QString callbackScheme)> authenticateInBrowser;
     bool animations = true; // false: what moves arrives at once, so that pictures and tests see it settled

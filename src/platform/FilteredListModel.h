@@ -70,24 +70,21 @@ public:
         refresh(place);
     }
 
-    void remove(qsizetype place)
+    template <typename Predicate> void removeIf(Predicate predicate)
     {
-        const auto shown = std::lower_bound(m_shown.begin(), m_shown.end(), place);
-        const bool shows = shown != m_shown.end() && *shown == place;
-        const int row = int(shown - m_shown.begin());
-        if (shows) {
-            beginRemoveRows({}, row, row);
+        std::vector<qsizetype> places;
+        for (qsizetype place = 0; place < m_records.size(); ++place) {
+            if (predicate(std::as_const(m_records)[place])) {
+                places.push_back(place);
+            }
         }
-        m_records.remove(place);
-        m_isPrepared = false;
-        std::for_each(shown, m_shown.end(), [](qsizetype &later) { --later; });
-        if (shows) {
-            m_shown.erase(shown);
+        if (places.size() <= mostPieces) {
+            std::for_each(places.rbegin(), places.rend(), [this](qsizetype place) { remove(place); });
+            return;
         }
-        m_madeRow = -1;
-        if (shows) {
-            endRemoveRows();
-        }
+        QList<Record> left = m_records;
+        left.removeIf(predicate);
+        setRecords(std::move(left));
     }
 
     // The record at that place may show otherwise, or pass where it did not.
@@ -147,6 +144,29 @@ public:
 
 private:
     using Roles = RecordRoles<Row>;
+
+    // More pieces than this, and a reset costs the view less.
+    static constexpr size_t mostPieces = 64;
+
+    void remove(qsizetype place)
+    {
+        const auto shown = std::lower_bound(m_shown.begin(), m_shown.end(), place);
+        const bool shows = shown != m_shown.end() && *shown == place;
+        const int row = int(shown - m_shown.begin());
+        if (shows) {
+            beginRemoveRows({}, row, row);
+        }
+        m_records.remove(place);
+        m_isPrepared = false;
+        std::for_each(shown, m_shown.end(), [](qsizetype &later) { --later; });
+        if (shows) {
+            m_shown.erase(shown);
+        }
+        m_madeRow = -1;
+        if (shows) {
+            endRemoveRows();
+        }
+    }
 
     bool passes(const Record &record) const
     {

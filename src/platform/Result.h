@@ -11,7 +11,7 @@ namespace quillmere {
 // or AuthError, or 0); the text is fit to be shown to the user and never holds a token or a reply.
 class Failure {
 public:
-    enum class Kind { Service, SignIn, Transport, Decoding, Encoding };
+    enum class Kind { Service, SignIn, Transport, Decoding, Encoding, File };
 
     Failure(Kind kind, QString text, int code = 0) : m_kind(kind), m_code(code), m_text(std::move(text)) { }
 

@@ -274,19 +274,45 @@ private slots:
         QCOMPARE(m_model->names(), u"Apple Plum"_s);
     }
 
-    void removesOne()
+    void removesWhatItIsTold()
     {
+        const auto remove = [this](const QString &name) {
+            m_model->removeIf([&](const Fruit &fruit) { return fruit.name == name; });
+        };
         m_model->search(u"apple"_s);
         m_model->told.clear();
-        m_model->remove(1);
+        remove(u"Pear"_s);
         QVERIFY(m_model->told.isEmpty());
-        m_model->remove(2);
+        remove(u"Pineapple"_s);
         QCOMPARE(m_model->told, QStringList(u"removed 1-1"_s));
         QCOMPARE(m_model->names(), u"Apple"_s);
         m_model->search({});
         QCOMPARE(m_model->names(), u"Apple Grape"_s);
-        m_model->remove(0);
+        remove(u"Apple"_s);
+        remove(u"Plum"_s);
         QCOMPARE(m_model->names(), u"Grape"_s);
+    }
+
+    void removesAllThatAreAlike()
+    {
+        m_model->prepend({u"Pear"_s, 1});
+        m_model->told.clear();
+        m_model->removeIf([](const Fruit &fruit) { return fruit.name == u"Pear"_s; });
+        QCOMPARE(m_model->told, QStringList({u"removed 2-2"_s, u"removed 0-0"_s}));
+        QCOMPARE(m_model->names(), u"Apple Grape Pineapple"_s);
+    }
+
+    void removesManyAtOnce()
+    {
+        QList<Fruit> many(1000, {u"Apple"_s, 1});
+        many.insert(500, {u"Pear"_s, 1});
+        m_model->setRecords(many);
+        m_model->search(u"e"_s);
+        m_model->told.clear();
+        m_model->removeIf([](const Fruit &fruit) { return fruit.name == u"Apple"_s; });
+        QCOMPARE(m_model->told, QStringList(u"reset"_s));
+        QCOMPARE(m_model->names(), u"Pear"_s);
+        QCOMPARE(m_model->records().size(), 1);
     }
 
     void showsARecordInTheOthersPlace()

@@ -22,7 +22,8 @@ template <typename Base, typename Made> Made &keep(std::unique_ptr<Base> &place,
 PlatformEnvironment::PlatformEnvironment()
     : clock(keep(environment.clock, std::make_unique<FakeClock>())),
       secrets(keep(environment.secrets, std::make_unique<MemorySecretStore>())),
-      urlOpener(keep(environment.urlOpener, std::make_unique<RecordingUrlOpener>()))
+      urlOpener(keep(environment.urlOpener, std::make_unique<RecordingUrlOpener>())),
+      filePicker(keep(environment.filePicker, std::make_unique<FakeFilePicker>()))
 {
     if (!service.listen()) {
         qFatal("The stand-in service has no port: %s", qPrintable(service.errorString()));

@@ -3,6 +3,7 @@
 #include "platform/Environment.h"
 #include "standin/StandIn.h"
 #include "support/FakeClock.h"
+#include "support/FakeFilePicker.h"
 #include "support/MemorySecretStore.h"
 
 #include <QList>
@@ -39,6 +40,7 @@ public:
     FakeClock &clock;
     MemorySecretStore &secrets;
     RecordingUrlOpener &urlOpener;
+    FakeFilePicker &filePicker;
 
     // Set by a test that asks for what the service does not have.
     bool expectsUnknownRequests = false;
