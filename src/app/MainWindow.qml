@@ -21,6 +21,8 @@ Window {
         anchors.fill: parent
     }
 
+    FileDialogSheet {}
+
     AlertPanel {
         visible: Alerts.isUp
         title: Alerts.title
