@@ -29,7 +29,7 @@ constexpr std::array<Destination, SidebarItem::count> destinations{{
     {SidebarItem::Projects, "projects", QT_TRANSLATE_NOOP("SidebarItem", "Projects"), "square.stack.3d.up", Group::Main,
         "Workspace/ProjectsView.qml"},
     {SidebarItem::Datasets, "datasets", QT_TRANSLATE_NOOP("SidebarItem", "Datasets"), "cylinder.split.1x2", Group::Main,
-        notBuiltYet},
+        "Workspace/DatasetsView.qml"},
     {SidebarItem::Models, "models", QT_TRANSLATE_NOOP("SidebarItem", "Models"), "cpu", Group::Main, notBuiltYet},
     {SidebarItem::Training, "training", QT_TRANSLATE_NOOP("SidebarItem", "Training"), "terminal", Group::Main,
         "Workspace/TrainingView.qml"},

@@ -13,6 +13,8 @@ Item {
     property string buttonIcon
     // No text, no button.
     property string buttonText
+    // What else stands below.
+    default property alias more: column.data
 
     signal buttonClicked
 
