@@ -140,11 +140,23 @@ private slots:
         QVERIFY(text(u"Hi there"_s));
         QCOMPARE(typed(), QString());
         QVERIFY(!send()->isEnabled());
+        // The keyboard is back where the next message is typed.
+        m_window->type(u"x"_s);
+        QCOMPARE(typed(), u"x"_s);
         m_world->clock.advance(999ms);
         QCOMPARE(count(), 2);
         m_world->clock.advance(1ms);
         QCOMPARE(count(), 3);
         QVERIFY(text(replyTo(u"Hi there"_s)));
+    }
+
+    void takesTheKeyboardByAClickBesideItsText()
+    {
+        open();
+        const QPointF corner = placeOf(m_window->all(u"MessageField"_s).value(0)).topLeft();
+        QTest::mouseClick(m_view.get(), Qt::LeftButton, {}, (corner + QPointF(5, 5)).toPoint());
+        m_window->type(u"x"_s);
+        QCOMPARE(typed(), u"x"_s);
     }
 
     void sendsByReturnAndStaysInTheField_data()

@@ -161,7 +161,10 @@ Rectangle {
             radius: 16
             color: enabled ? Color.blue : Color.gray
             disabledOpacity: 1
-            onClicked: chat.sendMessage()
+            onClicked: {
+                chat.sendMessage();
+                field.field.forceActiveFocus();
+            }
         }
     }
 }

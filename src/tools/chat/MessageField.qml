@@ -7,6 +7,7 @@ Rectangle {
     id: box
 
     property alias text: field.text
+    readonly property alias field: field.field
 
     signal textEdited
     signal accepted
@@ -14,7 +15,7 @@ Rectangle {
     implicitHeight: field.implicitHeight + 24
     radius: 12
     color: Theme.controlBackground
-    border.width: field.field.activeFocus ? 1 : 0
+    border.width: box.field.activeFocus ? 1 : 0
     border.color: Theme.focusRing
 
     GrowingField {
@@ -28,5 +29,14 @@ Rectangle {
         returnAccepts: true
         onTextEdited: box.textEdited()
         onAccepted: box.accepted()
+    }
+
+    // The air around the text belongs to the field too.
+    HoverHandler {
+        cursorShape: Qt.IBeamCursor
+    }
+
+    TapHandler {
+        onTapped: box.field.forceActiveFocus(Qt.MouseFocusReason)
     }
 }
