@@ -47,6 +47,16 @@ public:
         endInsertRows();
     }
 
+    // Puts another record into that row, and tells the view which of its fields have another value.
+    void replace(int row, Record record)
+    {
+        const QList<int> changed = Roles::differing(m_records[row], record);
+        m_records[row] = std::move(record);
+        if (!changed.isEmpty()) {
+            emit dataChanged(index(row), index(row), changed);
+        }
+    }
+
 private:
     // More pieces than this, and a reset costs the view less.
     static constexpr qsizetype mostPieces = 64;

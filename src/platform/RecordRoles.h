@@ -4,6 +4,7 @@
 
 #include <QByteArray>
 #include <QHash>
+#include <QList>
 #include <QVariant>
 
 #include <array>
@@ -31,6 +32,20 @@ public:
 
     // The field of that role, which has to be one; invalid where the field is optional and not there.
     static QVariant value(const Record &record, int role) { return readers()[size_t(role - Qt::UserRole)](record); }
+
+    // The roles that have not the same value in both.
+    static QList<int> differing(const Record &one, const Record &other)
+    {
+        QList<int> roles;
+        int role = Qt::UserRole;
+        forEachField<Record>([&](const auto &field) {
+            if (std::invoke(field.member, one) != std::invoke(field.member, other)) {
+                roles.append(role);
+            }
+            ++role;
+        });
+        return roles;
+    }
 
 private:
     using Reader = std::function<QVariant(const Record &)>;

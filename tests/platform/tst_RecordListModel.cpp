@@ -231,6 +231,42 @@ private slots:
             }
         }
     }
+
+    void appendsOneRowAtTheEnd()
+    {
+        FruitModel model;
+        const QAbstractItemModelTester tester(&model, QAbstractItemModelTester::FailureReportingMode::QtTest);
+        model.setRecords(fruits(u"apple pear"_s));
+        model.told.clear();
+        model.append(fruits(u"plum"_s).first());
+        QCOMPARE(model.names(), u"apple pear plum"_s);
+        QCOMPARE(model.told, QStringList(u"inserted 2-2"_s));
+    }
+
+    void tellsOfAReplacedRecordTheFieldsThatChanged()
+    {
+        FruitModel model;
+        const QAbstractItemModelTester tester(&model, QAbstractItemModelTester::FailureReportingMode::QtTest);
+        model.setRecords(fruits(u"apple pear plum"_s));
+        QList<QList<int>> changes;
+        connect(&model, &QAbstractItemModel::dataChanged, this,
+            [&](const QModelIndex &, const QModelIndex &, const QList<int> &roles) { changes.append(roles); });
+        model.told.clear();
+        Fruit heavy = model.records()[1];
+        heavy.weight = 7;
+        model.replace(1, heavy);
+        QCOMPARE(model.at(1, "weight"), QVariant(7));
+        QCOMPARE(model.told, QStringList(u"changed 1-1"_s));
+        QCOMPARE(changes, QList<QList<int>>{{model.roleNames().key("weight")}});
+        // The label is made of the name.
+        heavy.name = u"quince"_s;
+        model.replace(1, heavy);
+        QCOMPARE(QSet<int>(changes[1].begin(), changes[1].end()),
+            QSet<int>({model.roleNames().key("name"), model.roleNames().key("label")}));
+        model.replace(1, heavy);
+        QCOMPARE(changes.size(), 2);
+        QCOMPARE(model.names(), u"apple quince plum"_s);
+    }
 };
 
 } // namespace quillmere
