@@ -27,6 +27,8 @@ Item {
     property color hoverTint: Theme.hovered
     property real pressedOpacity: 0.8
     property real disabledOpacity: 0.5
+    // False where a kind draws a ring of its own.
+    property bool hasFocusRing: true
     property string accessibleName: busy && busyText.length > 0 ? busyText : text
 
     readonly property bool hovered: pointer.hovered && enabled && !busy
@@ -145,7 +147,7 @@ Item {
     }
 
     FocusRing {
-        visible: control.visualFocus
+        visible: control.visualFocus && control.hasFocusRing
         cornerRadius: control.radius
     }
 }
