@@ -42,10 +42,17 @@ int Quillmere_StudioApp::run(
     }
     QGuiApplication::setDesktopFileName(applicationId);
     QGuiApplication application(argc, argv);
-    QGuiApplication::setApplicationName(u"quillmere-studio"_s);
+    // The window's class under X11 is the application's name, and desktops look for an entry of that name.
+    QGuiApplication::setApplicationName(applicationId);
+    QGuiApplication::setApplicationVersion(QStringLiteral(QUILLMERE_VERSION));
     chooseRenderer();
 
     const auto environment = makeEnvironment();
+    environment->relaunch = [&instance, start = environment->relaunch](const QString &program) {
+        // Or the program started would find this one running, hand over to it and end.
+        instance.release();
+        start(program);
+    };
     Quillmere_StudioApp studio;
     if (!studio.open()) {
         return 1;
@@ -73,7 +80,7 @@ bool Quillmere_StudioApp::open()
         return false;
     }
     auto &queue = MainQueue::shared();
-    queue.asyncAfter(std::chrono::seconds(1), this, [] { LifecycleManager::checkLaunchLocation(); });
+    queue.asyncAfter(std::chrono::seconds(1), this, [] { LifecycleManager::checkLocation(); });
     queue.asyncAfter(std::chrono::seconds(3), this, [] { UpdateManager::shared().checkForUpdates(); });
     return true;
 }

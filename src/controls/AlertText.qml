@@ -41,6 +41,9 @@ FocusScope {
             font: Theme.system(13)
             color: Theme.textSecondary
             wrapMode: Text.Wrap
+            // What others wrote may be of any length.
+            maximumLineCount: 16
+            elide: Text.ElideRight
         }
 
         Item {

@@ -8,6 +8,7 @@
 #include "platform/UrlSchemeHandler.h"
 
 #include <QCoreApplication>
+#include <QProcess>
 
 namespace quillmere {
 
@@ -54,6 +55,9 @@ std::unique_ptr<Environment> Environment::real()
         installUrlSchemeHandler(callbackScheme, QCoreApplication::applicationFilePath());
         return BrowserSession::shared().authenticate(std::move(url), std::move(callbackScheme));
     };
+    environment->program = QCoreApplication::applicationFilePath();
+    environment->relaunch = [](const QString &program) { QProcess::startDetached(program, {}); };
+    environment->terminate = [] { QCoreApplication::quit(); };
     return environment;
 }
 

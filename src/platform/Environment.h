@@ -27,6 +27,9 @@ public:
     std::unique_ptr<FilePicker> filePicker;
     std::function<std::unique_ptr<RandomSource>()> makeRandomSource;
     std::function<QCoro::Task<BrowserOutcome>(QUrl url, QString callbackScheme)> authenticateInBrowser;
+    QString program;                                      // path of what runs, links resolved
+    std::function<void(const QString &program)> relaunch; // starts a program that is to take over from this one
+    std::function<void()> terminate;                      // ends this one as soon as its events are handled
     bool animations = true; // false: what moves arrives at once, so that pictures and tests see it settled
 
     // The parts of the running program: machine clock, Secret Service, the desktop's programs.

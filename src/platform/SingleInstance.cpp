@@ -90,6 +90,12 @@ void SingleInstance::listen()
     }
 }
 
+void SingleInstance::release()
+{
+    m_server.close();
+    m_lock.unlock();
+}
+
 void SingleInstance::take()
 {
     while (QLocalSocket *socket = m_server.nextPendingConnection()) {

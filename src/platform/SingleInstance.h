@@ -27,6 +27,9 @@ public:
     // Takes messages from now on; needs the application object.
     void listen();
 
+    // Lets another process be the first, which this one stays alive beside.
+    void release();
+
 signals:
     // Another process was started with this message, which may be anything that user typed.
     void received(const QString &message);

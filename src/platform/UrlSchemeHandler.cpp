@@ -47,10 +47,15 @@ bool linkTo(const QString &program, const QString &link)
     return QFile::link(program, link);
 }
 
+QByteArray contentOf(const QString &path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
 bool writeIfDifferent(const QString &path, const QByteArray &content)
 {
-    QFile present(path);
-    if (present.open(QIODevice::ReadOnly) && present.readAll() == content) {
+    if (contentOf(path) == content) {
         return false;
     }
     QDir().mkpath(QFileInfo(path).path());
@@ -64,9 +69,6 @@ bool installUrlSchemeHandler(const QString &scheme, const QString &program)
 {
     const QString folder = QStandardPaths::writableLocation(QStandardPaths::ApplicationsLocation);
     const QString entryName = scheme + u".desktop"_s;
-    if (isPackaged(entryName, folder)) {
-        return true;
-    }
     const QString link = QDir::homePath() + u"/.local/bin/"_s + scheme;
     const QString entry = u"[Desktop Entry]\n"
                           "Type=Application\n"
@@ -75,6 +77,14 @@ bool installUrlSchemeHandler(const QString &scheme, const QString &program)
                           "NoDisplay=true\n"
                           "MimeType=x-scheme-handler/%2;\n"_s.arg(execWord(link), scheme);
     const QString path = folder + u'/' + entryName;
+    if (isPackaged(entryName, folder)) {
+        // Written before the package came: it would hide the package's entry from the menus.
+        if (contentOf(path) == entry.toUtf8()) {
+            QFile::remove(path);
+            QFile::remove(link);
+        }
+        return true;
+    }
     if (!linkTo(program, link)) {
         return false;
     }

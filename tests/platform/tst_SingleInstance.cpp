@@ -148,6 +148,18 @@ private slots:
         qputenv("XDG_RUNTIME_DIR", m_runtime->path().toLocal8Bit());
     }
 
+    void givesWayToAnotherWhileItLivesOn()
+    {
+        SingleInstance first(name);
+        QVERIFY(first.claim({}));
+        first.listen();
+        first.release();
+        Instance another(u"hello"_s);
+        QVERIFY(another.says("first"));
+        QVERIFY(!first.claim(u"quit"_s));
+        QVERIFY(another.ends());
+    }
+
     void theFirstIsTheFirst()
     {
         SingleInstance instance(name);

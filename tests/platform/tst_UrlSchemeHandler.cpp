@@ -161,6 +161,25 @@ private slots:
         QCOMPARE(QDir(home()).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot), QStringList());
     }
 
+    void makesWayForAPackageThatCameLater()
+    {
+        QVERIFY(installUrlSchemeHandler(scheme, program()));
+        QVERIFY(
+            write(path(u"local/applications/com.quillmere.studio.desktop"_s), entryWith("/usr/bin/quillmere-studio")));
+        QVERIFY(installUrlSchemeHandler(scheme, u"/usr/bin/quillmere-studio"_s));
+        QVERIFY(!QFile::exists(entry()));
+        QVERIFY(!QFileInfo(link()).isSymLink());
+    }
+
+    void leavesAnEntryAloneThatSomebodyElseWrote()
+    {
+        QVERIFY(write(entry(), entryWith("/somewhere/else")));
+        QVERIFY(
+            write(path(u"local/applications/com.quillmere.studio.desktop"_s), entryWith("/usr/bin/quillmere-studio")));
+        QVERIFY(installUrlSchemeHandler(scheme, u"/usr/bin/quillmere-studio"_s));
+        QCOMPARE(contentOf(entry()), entryWith("/somewhere/else"));
+    }
+
     void saysWhenItCannotWrite_data()
     {
         QTest::addColumn<QString>("obstacle");
