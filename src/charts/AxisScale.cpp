@@ -1,9 +1,9 @@
 #include "charts/AxisScale.h"
 
-#include <QLocale>
-
 #include <algorithm>
 #include <cmath>
+
+using namespace Qt::StringLiterals;
 
 namespace quillmere {
 
@@ -16,6 +16,26 @@ constexpr double smallestSpan = 1e-300;
 // A span this small a part of the values is rounding: the ticks in it could not be told apart.
 constexpr double smallestPart = 1e-12;
 
+// Of the first digit that is not 0.
+int exponentOf(double value)
+{
+    // A power of ten may come out a hair's breadth short of itself.
+    return int(std::floor(std::log10(std::abs(value)) + 1e-9));
+}
+
+QString withoutIdleZeros(QString number)
+{
+    if (number.contains(u'.')) {
+        while (number.endsWith(u'0')) {
+            number.chop(1);
+        }
+        if (number.endsWith(u'.')) {
+            number.chop(1);
+        }
+    }
+    return number;
+}
+
 // The round step nearest to `span / steps`, by ratio.
 double roundStep(double span, int steps)
 {
@@ -23,6 +43,17 @@ double roundStep(double span, int steps)
     const double power = std::pow(10, std::floor(std::log10(raw)));
     const double lead = raw / power;
     return power * (lead < std::sqrt(2) ? 1 : lead < std::sqrt(10) ? 2 : lead < std::sqrt(50) ? 5 : 10);
+}
+
+// The tick at or below, or at or above, a place counted in steps. What misses a tick by no more than rounding does is at it.
+double tickBelow(double place)
+{
+    return std::floor(place + 1e-9 + std::abs(place) * 1e-15);
+}
+
+double tickAbove(double place)
+{
+    return -tickBelow(-place);
 }
 
 } // namespace
@@ -51,10 +82,8 @@ AxisScale::AxisScale(ValueRange range, int steps, Ends ends)
     }
     m_step = roundStep(m_upper - m_lower, steps);
     if (ends == Ends::AtTicks) {
-        // An end that misses its tick by rounding alone is at it.
-        constexpr double slack = 1e-9;
-        m_lower = std::floor(m_lower / m_step + slack) * m_step;
-        m_upper = std::ceil(m_upper / m_step - slack) * m_step;
+        m_lower = tickBelow(m_lower / m_step) * m_step;
+        m_upper = tickAbove(m_upper / m_step) * m_step;
     }
 }
 
@@ -64,18 +93,30 @@ QList<double> AxisScale::ticks() const
     if (isEmpty()) {
         return ticks;
     }
-    constexpr double slack = 1e-9;
-    const double first = std::ceil(m_lower / m_step - slack);
-    const double last = std::floor(m_upper / m_step + slack);
+    const double first = tickAbove(m_lower / m_step);
+    const double last = tickBelow(m_upper / m_step);
     for (double i = first; i <= last; ++i) {
-        ticks.append(i * m_step + 0.0);
+        ticks.append(i * m_step + 0.0); // never the zero that has a sign
     }
     return ticks;
 }
 
 QString AxisScale::label(double tick) const
 {
-    return QLocale::c().toString(tick, 'g', 6);
+    if (tick == 0) {
+        return u"0"_s;
+    }
+    // Larger numbers, and smaller steps, are shorter with an exponent: the same one for all, so that they compare at a glance.
+    constexpr double longNumber = 1e10;
+    constexpr int mostDecimals = 7;
+    const double size = std::max(std::abs(m_lower), std::abs(m_upper));
+    const int stepExponent = exponentOf(m_step);
+    if (size < longNumber && -stepExponent <= mostDecimals) {
+        return withoutIdleZeros(QString::number(tick, 'f', std::max(0, -stepExponent)));
+    }
+    const int exponent = exponentOf(size);
+    const QString mantissa = QString::number(tick / std::pow(10, exponent), 'f', std::max(0, exponent - stepExponent));
+    return withoutIdleZeros(mantissa) + u'e' + QString::number(exponent);
 }
 
 double AxisScale::place(double value) const

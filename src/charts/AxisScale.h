@@ -27,7 +27,7 @@ public:
     enum class Ends { AtValues, AtTicks };
 
     AxisScale() = default;
-    // With about as many steps between ticks as told, never more than twice as many.
+    // With about as many steps between its ticks as told.
     AxisScale(ValueRange range, int steps, Ends ends);
 
     bool isEmpty() const { return m_lower == m_upper; }
@@ -37,7 +37,8 @@ public:
 
     // The ticks between the ends, both included, from the lowest up.
     QList<double> ticks() const;
-    // A tick in words of the C locale, with as many digits as tell it from its neighbours: "0", "2.5", "-1200", "1e+20".
+    // A tick as text, with as many digits as tell it from its neighbours and no zeros that say nothing, whatever the locale: "0",
+    // "2.5", "-1200", "1.5e20" beside "0.5e20".
     QString label(double tick) const;
     // Where a value is along the axis: 0 at the lower end, 1 at the upper one.
     double place(double value) const;

@@ -1,12 +1,29 @@
 #include "charts/BarMarks.h"
 
 #include <QPainter>
+#include <QPainterPath>
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 #include <vector>
 
+using namespace Qt::StringLiterals;
+
 namespace quillmere {
+
+namespace {
+
+ValueRange valuesOf(const QList<ChartBar> &bars)
+{
+    ValueRange range;
+    for (const ChartBar &bar : bars) {
+        range.include(bar.value);
+    }
+    return range;
+}
+
+} // namespace
 
 void BarMarks::setBars(const QList<ChartBar> &bars)
 {
@@ -22,9 +39,11 @@ bool BarMarks::hasLabels() const
     return std::any_of(m_bars.begin(), m_bars.end(), [](const ChartBar &bar) { return !bar.label.isEmpty(); });
 }
 
-// Between neighbours on the axis of numbers: the least there is.
-double BarMarks::distance() const
+double BarMarks::band() const
 {
+    if (hasLabels()) {
+        return 1;
+    }
     std::vector<double> places;
     for (const ChartBar &bar : m_bars) {
         if (std::isfinite(bar.x)) {
@@ -32,14 +51,13 @@ double BarMarks::distance() const
         }
     }
     std::sort(places.begin(), places.end());
-    double least = 0;
+    // The least distance between two bars.
+    double least = std::numeric_limits<double>::infinity();
     for (size_t i = 1; i < places.size(); ++i) {
-        const double gap = places[i] - places[i - 1];
-        if (gap > 0 && (least == 0 || gap < least)) {
-            least = gap;
-        }
+        const double distance = places[i] - places[i - 1];
+        least = distance > 0 ? std::min(least, distance) : least;
     }
-    return least == 0 ? 1 : least;
+    return std::isfinite(least) ? least : 1;
 }
 
 ValueRange BarMarks::xRange() const
@@ -50,7 +68,7 @@ ValueRange BarMarks::xRange() const
         range.include(double(m_bars.size()));
         return range;
     }
-    const double half = distance() / 2;
+    const double half = band() / 2;
     for (const ChartBar &bar : m_bars) {
         range.include(bar.x - half);
         range.include(bar.x + half);
@@ -60,10 +78,7 @@ ValueRange BarMarks::xRange() const
 
 ValueRange BarMarks::yRange() const
 {
-    ValueRange range;
-    for (const ChartBar &bar : m_bars) {
-        range.include(bar.value);
-    }
+    ValueRange range = valuesOf(m_bars);
     if (!range.isEmpty()) {
         range.include(0);
     }
@@ -83,23 +98,58 @@ QList<ChartTick> BarMarks::categories() const
 
 QString BarMarks::describe() const
 {
-    return {};
+    const ValueRange range = valuesOf(m_bars);
+    if (range.isEmpty()) {
+        return tr("No data");
+    }
+    if (!hasLabels()) {
+        return tr("%1 values from %2 to %3").arg(m_bars.size()).arg(spoken(range.least), spoken(range.greatest));
+    }
+    QStringList words;
+    for (const ChartBar &bar : m_bars) {
+        if (std::isfinite(bar.value)) {
+            words.append(tr("%1 %2").arg(bar.label, spoken(bar.value)));
+        }
+    }
+    return words.join(u", "_s);
 }
 
 void BarMarks::paint(QPainter *painter)
 {
+    // Of its band, and in points.
+    constexpr double part = 0.7;
+    constexpr double partOfLabelled = 0.5;
+    constexpr double widest = 72;
+    constexpr double roundest = 3;
+
     painter->setRenderHint(QPainter::Antialiasing);
     painter->setPen(Qt::NoPen);
+    const double pixel = 1 / painter->transform().m11();
+    const auto onPixel = [pixel](double place) { return std::round(place / pixel) * pixel; };
     const bool labelled = hasLabels();
-    const double band = labelled ? 1 : distance();
+    const double bandWidth = band() / (xScale().upper() - xScale().lower()) * plot().width();
+    const double width = std::clamp(bandWidth * (labelled ? partOfLabelled : part), 1.0, widest);
     for (qsizetype i = 0; i < m_bars.size(); ++i) {
         const ChartBar &bar = m_bars[i];
         const double x = labelled ? double(i) + 0.5 : bar.x;
-        if (!std::isfinite(x) || !std::isfinite(bar.value)) {
+        if (!std::isfinite(x) || !std::isfinite(bar.value) || bar.value == 0) {
             continue;
         }
-        painter->setBrush(bar.color);
-        painter->drawRect(QRectF(placed({x - band * 0.35, bar.value}), placed({x + band * 0.35, 0})));
+        const QPointF end = placed({x, bar.value});
+        const double left = onPixel(end.x() - width / 2);
+        const double right = std::max(left + pixel, onPixel(end.x() + width / 2));
+        const double base = onPixel(placed({x, 0}).y());
+        const double height = onPixel(end.y()) - base; // below the line of zeros positive
+        const double radius = std::min({roundest, (right - left) / 4, std::abs(height)});
+        // Only the end of a bar is round.
+        QPainterPath outline(QPointF(left, base));
+        const double shoulder = base + height - std::copysign(radius, height);
+        outline.lineTo(left, shoulder);
+        outline.quadTo(left, base + height, left + radius, base + height);
+        outline.lineTo(right - radius, base + height);
+        outline.quadTo(right, base + height, right, shoulder);
+        outline.lineTo(right, base);
+        painter->fillPath(outline, bar.color);
     }
 }
 

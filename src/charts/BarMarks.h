@@ -26,13 +26,13 @@ signals:
 protected:
     ValueRange xRange() const override;
     ValueRange yRange() const override;
-    AxisScale::Ends xEnds() const override { return AxisScale::Ends::AtValues; }
     QList<ChartTick> categories() const override;
     QString describe() const override;
 
 private:
+    // What a bar and the gap beside it take of the X axis, in its units.
+    double band() const;
     bool hasLabels() const;
-    double distance() const;
 
     QList<ChartBar> m_bars;
 };

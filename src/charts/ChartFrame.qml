@@ -20,8 +20,14 @@ Item {
 
     readonly property real lineHeight: Math.ceil(metrics.height)
     readonly property real labelGap: 6
-    // A hair's breadth that is whole pixels at any scale.
-    readonly property real hairline: Math.max(1, Math.floor(Screen.devicePixelRatio)) / Screen.devicePixelRatio
+    readonly property real band: area.width / Math.max(1, marks.xTicks.length)
+    // Grid lines and the edges of the plot lie on whole pixels at any scale, and a hair's breadth is whole pixels.
+    readonly property real pixel: 1 / Screen.devicePixelRatio
+    readonly property real hairline: Math.max(1, Math.floor(Screen.devicePixelRatio)) * pixel
+
+    function onPixel(place: real): real {
+        return Math.round(place / pixel) * pixel;
+    }
 
     implicitWidth: 320
     implicitHeight: 200
@@ -39,10 +45,10 @@ Item {
 
         readonly property real bottomMargin: frame.showsXAxis ? frame.lineHeight + frame.labelGap : y
 
-        x: frame.showsYAxis && frame.marks.yLabelWidth > 0 ? Math.ceil(frame.marks.yLabelWidth) + frame.labelGap : 0
-        y: frame.showsYAxis ? frame.lineHeight / 2 : 0
-        width: Math.max(0, frame.width - x)
-        height: Math.max(0, frame.height - y - bottomMargin)
+        x: frame.showsYAxis && frame.marks.yLabelWidth > 0 ? frame.onPixel(frame.marks.yLabelWidth + frame.labelGap) : 0
+        y: frame.showsYAxis ? frame.onPixel(Math.ceil(frame.lineHeight / 2)) : 0
+        width: Math.max(0, frame.onPixel(frame.width - x))
+        height: Math.max(0, frame.onPixel(frame.height - y - bottomMargin))
     }
 
     Repeater {
@@ -53,11 +59,11 @@ Item {
 
             required property chartTick modelData
 
-            y: area.y + (1 - modelData.place) * area.height
+            y: frame.onPixel(area.y + (1 - modelData.place) * area.height)
 
             Rectangle {
                 x: area.x
-                y: -frame.hairline / 2
+                y: -frame.onPixel(frame.hairline / 2)
                 width: area.width
                 height: frame.hairline
                 color: Color.faded(Color.gray, 0.2)
@@ -69,6 +75,7 @@ Item {
                 text: yTick.modelData.text
                 font: frame.marks.labelFont
                 color: Color.gray
+                Accessible.ignored: true
             }
         }
     }
@@ -81,10 +88,10 @@ Item {
 
             required property chartTick modelData
 
-            x: area.x + modelData.place * area.width
+            x: frame.onPixel(area.x + modelData.place * area.width)
 
             Rectangle {
-                x: -frame.hairline / 2
+                x: -frame.onPixel(frame.hairline / 2)
                 y: area.y
                 width: frame.hairline
                 height: area.height
@@ -95,9 +102,13 @@ Item {
             Label {
                 x: Math.max(-xTick.x, Math.min(-width / 2, frame.width - xTick.x - width))
                 y: area.y + area.height + frame.labelGap
+                // What stands under a bar has the width of its band.
+                width: xTick.modelData.hasLine ? implicitWidth : Math.min(implicitWidth, Math.max(0, frame.band - frame.labelGap))
                 text: xTick.modelData.text
+                elide: Text.ElideRight
                 font: frame.marks.labelFont
                 color: Color.gray
+                Accessible.ignored: true
             }
         }
     }

@@ -3,9 +3,15 @@
 #include "charts/LineSeries.h"
 #include "charts/Marks.h"
 
+#include <QPainterPath>
+#include <QPolygonF>
 #include <QQmlListProperty>
 
 namespace quillmere {
+
+// A curve through the points, in their order: the Catmull-Rom spline with parameter 0.5 (the centripetal one), which has neither
+// loops nor cusps. Points at the same place count as one.
+QPainterPath smoothPath(const QPolygonF &points);
 
 // The lines of a LineChart.
 class LineMarks : public quillmere::Marks {
@@ -14,7 +20,7 @@ class LineMarks : public quillmere::Marks {
 
     Q_PROPERTY(QQmlListProperty<quillmere::LineSeries> series READ seriesProperty NOTIFY seriesChanged)
     Q_CLASSINFO("DefaultProperty", "series")
-    // Curves through the points (Catmull-Rom, centripetal) instead of straight lines between them.
+    // Curves through the points (Catmull-Rom, with parameter 0.5) instead of straight lines between them.
     Q_PROPERTY(bool smoothed READ isSmoothed WRITE setSmoothed NOTIFY smoothedChanged)
     Q_PROPERTY(double lineWidth READ lineWidth WRITE setLineWidth NOTIFY lineWidthChanged)
 
@@ -40,10 +46,11 @@ signals:
 protected:
     ValueRange xRange() const override;
     ValueRange yRange() const override;
-    AxisScale::Ends xEnds() const override { return AxisScale::Ends::AtValues; }
     QString describe() const override;
 
 private:
+    ValueRange rangeOf(double (*coordinate)(QPointF)) const;
+
     QList<LineSeries *> m_series;
     bool m_smoothed = false;
     double m_lineWidth = 2;

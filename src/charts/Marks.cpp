@@ -19,6 +19,12 @@ QList<ChartTick> ticksOf(const AxisScale &scale)
     return ticks;
 }
 
+// Between neighbours, as a part of the axis.
+double distance(const QList<ChartTick> &ticks)
+{
+    return ticks.size() < 2 ? 1 : ticks[1].place - ticks[0].place;
+}
+
 double widest(const QList<ChartTick> &ticks)
 {
     const QFontMetricsF metrics(Marks::labelFont());
@@ -82,38 +88,45 @@ void Marks::geometryChange(const QRectF &newGeometry, const QRectF &oldGeometry)
 
 void Marks::layOutAxes()
 {
-    // As many labels as stand well apart.
-    constexpr double leastHeight = 36;
-    constexpr double leastWidth = 24;
     constexpr int most = 8;
+    // In points. Labels beside an axis stand well apart from one another; where not even two find room there are none.
+    constexpr double apart = 40;
+    const double lineHeight = QFontMetricsF(labelFont()).height();
 
-    const int ySteps = std::clamp(int(plot().height() / leastHeight), 1, most);
-    m_yScale = AxisScale(yRange(), ySteps, AxisScale::Ends::AtTicks);
-    if (const QList<ChartTick> ticks = ticksOf(m_yScale); ticks != m_yTicks) {
-        m_yTicks = ticks;
-        emit yTicksChanged();
+    const double height = plot().height();
+    m_yScale = AxisScale(yRange(), std::clamp(int(height / apart), 1, most), AxisScale::Ends::AtTicks);
+    QList<ChartTick> ticks = ticksOf(m_yScale);
+    if (distance(ticks) * height < lineHeight) {
+        ticks.clear();
     }
+    tell(ticks, m_yTicks, &Marks::yTicksChanged);
 
     // Not before now: other labels beside the Y axis leave another width.
     const double width = plot().width();
+    const double apartAcross = std::min(64.0, width / 4);
     const ValueRange range = xRange();
-    QList<ChartTick> ticks = categories();
-    if (ticks.isEmpty()) {
-        // Fewer steps until no label touches the next.
+    ticks = categories();
+    if (!ticks.isEmpty()) {
+        m_xScale = AxisScale(range, most, AxisScale::Ends::AtValues);
+    } else {
+        // Fewer steps until no label touches the next, not even one at the edge, which moves inward by half its width.
         for (int steps = most; steps > 0; --steps) {
-            m_xScale = AxisScale(range, steps, xEnds());
+            m_xScale = AxisScale(range, steps, AxisScale::Ends::AtValues);
             ticks = ticksOf(m_xScale);
-            const double distance = ticks.size() < 2 ? width : (ticks[1].place - ticks[0].place) * width;
-            if (distance >= widest(ticks) + leastWidth) {
+            if (distance(ticks) * width >= std::max(apartAcross, widest(ticks) * 1.5 + lineHeight)) {
                 break;
             }
+            ticks.clear();
         }
-    } else {
-        m_xScale = AxisScale(range, most, AxisScale::Ends::AtValues);
     }
-    if (ticks != m_xTicks) {
-        m_xTicks = ticks;
-        emit xTicksChanged();
+    tell(ticks, m_xTicks, &Marks::xTicksChanged);
+}
+
+void Marks::tell(const QList<ChartTick> &ticks, QList<ChartTick> &told, void (Marks::*changed)())
+{
+    if (ticks != told) {
+        told = ticks;
+        emit(this->*changed)();
     }
 }
 

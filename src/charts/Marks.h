@@ -21,7 +21,8 @@ class Marks : public QQuickPaintedItem {
     // The width of the widest label beside the Y axis.
     Q_PROPERTY(double yLabelWidth READ yLabelWidth NOTIFY yTicksChanged)
     Q_PROPERTY(QFont labelFont READ labelFont CONSTANT)
-    // How far the image reaches over the axes' ends on every side, for strokes that run along them.
+    // How far the image reaches over the axes' ends on every side, for strokes that run along them. Four points are whole pixels at
+    // every scale that goes by quarters.
     Q_PROPERTY(double bleed READ bleed CONSTANT)
     // The data in a sentence or two.
     Q_PROPERTY(QString summary READ summary NOTIFY summaryChanged)
@@ -33,7 +34,7 @@ public:
     QList<ChartTick> yTicks() const { return m_yTicks; }
     double yLabelWidth() const;
     static QFont labelFont();
-    static double bleed() { return 3; }
+    static double bleed() { return 4; }
     QString summary() const { return m_summary; }
 
 signals:
@@ -54,16 +55,18 @@ protected:
 
     virtual ValueRange xRange() const = 0;
     virtual ValueRange yRange() const = 0;
-    virtual AxisScale::Ends xEnds() const = 0;
     // The ticks of the X axis where they are not those of its scale.
     virtual QList<ChartTick> categories() const { return {}; }
     virtual QString describe() const = 0;
+    // A number for the ear: a few digits.
+    static QString spoken(double value) { return QString::number(value, 'g', 4); }
 
     void componentComplete() override;
     void geometryChange(const QRectF &newGeometry, const QRectF &oldGeometry) override;
 
 private:
     void layOutAxes();
+    void tell(const QList<ChartTick> &ticks, QList<ChartTick> &told, void (Marks::*changed)());
 
     AxisScale m_xScale;
     AxisScale m_yScale;

@@ -9,9 +9,8 @@
 
 namespace quillmere {
 
-RingGauge::RingGauge(QQuickItem *parent) : QQuickPaintedItem(parent), m_trackColor(Theme::track())
+RingGauge::RingGauge(QQuickItem *parent) : Painted(parent), m_trackColor(Theme::track())
 {
-    setAntialiasing(true);
     setImplicitSize(60, 60);
 }
 
@@ -23,6 +22,9 @@ void RingGauge::setFraction(double fraction)
 void RingGauge::paint(QPainter *painter)
 {
     const double side = std::min(width(), height()) - m_strokeWidth;
+    if (side <= 0) {
+        return;
+    }
     QRectF ring(0, 0, side, side);
     ring.moveCenter(boundingRect().center());
     painter->setRenderHint(QPainter::Antialiasing);

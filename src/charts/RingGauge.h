@@ -1,13 +1,13 @@
 #pragma once
 
+#include "charts/Painted.h"
+
 #include <QColor>
-#include <QQuickPaintedItem>
-#include <QtQml/qqmlregistration.h>
 
 namespace quillmere {
 
 // A ring, or a part of one, that is filled up to a fraction. Both strokes have round ends and lie whole inside of the item.
-class RingGauge : public QQuickPaintedItem {
+class RingGauge : public quillmere::Painted {
     Q_OBJECT
     QML_ELEMENT
 
@@ -39,19 +39,7 @@ public:
 
     void paint(QPainter *painter) override;
 
-signals:
-    void changed();
-
 private:
-    template <typename T> void set(T &field, const T &value)
-    {
-        if (field != value) {
-            field = value;
-            update();
-            emit changed();
-        }
-    }
-
     double m_fraction = 0;
     QColor m_color = Qt::white;
     QColor m_trackColor;

@@ -1,15 +1,15 @@
 #pragma once
 
+#include "charts/Painted.h"
+
 #include <QColor>
 #include <QList>
 #include <QPointF>
-#include <QQuickPaintedItem>
-#include <QtQml/qqmlregistration.h>
 
 namespace quillmere {
 
 // A line without axes. Its points are fractions of the item: (0, 0) at the top left, (1, 1) at the bottom right.
-class Sparkline : public QQuickPaintedItem {
+class Sparkline : public quillmere::Painted {
     Q_OBJECT
     QML_ELEMENT
 
@@ -29,19 +29,7 @@ public:
 
     void paint(QPainter *painter) override;
 
-signals:
-    void changed();
-
 private:
-    template <typename T> void set(T &field, const T &value)
-    {
-        if (field != value) {
-            field = value;
-            update();
-            emit changed();
-        }
-    }
-
     QList<QPointF> m_points;
     QColor m_color;
     double m_lineWidth = 1.5;

@@ -7,18 +7,13 @@
 
 namespace quillmere {
 
-StripBars::StripBars(QQuickItem *parent) : QQuickPaintedItem(parent)
-{
-    setAntialiasing(true);
-}
-
 void StripBars::paint(QPainter *painter)
 {
     painter->setRenderHint(QPainter::Antialiasing);
     painter->setPen(Qt::NoPen);
     double x = 0;
     for (const double fraction : std::as_const(m_heights)) {
-        // The lesser of the two is 0 for what is no number.
+        // In this order of its arguments std::max gives 0 for what is no number.
         const double barHeight = height() * std::min(1.0, std::max(0.0, fraction));
         const QRectF bar(x, height() - barHeight, m_barWidth, barHeight);
         QLinearGradient gradient(bar.topLeft(), bar.bottomLeft());

@@ -1,14 +1,14 @@
 #pragma once
 
+#include "charts/Painted.h"
+
 #include <QColor>
 #include <QList>
-#include <QQuickPaintedItem>
-#include <QtQml/qqmlregistration.h>
 
 namespace quillmere {
 
 // The bars of a BarStrip, from the left edge on.
-class StripBars : public QQuickPaintedItem {
+class StripBars : public quillmere::Painted {
     Q_OBJECT
     QML_ELEMENT
 
@@ -23,7 +23,7 @@ class StripBars : public QQuickPaintedItem {
     Q_PROPERTY(QColor bottomColor READ bottomColor WRITE setBottomColor NOTIFY changed)
 
 public:
-    explicit StripBars(QQuickItem *parent = nullptr);
+    using Painted::Painted;
 
     QList<double> heights() const { return m_heights; }
     void setHeights(const QList<double> &heights) { set(m_heights, heights); }
@@ -40,19 +40,7 @@ public:
 
     void paint(QPainter *painter) override;
 
-signals:
-    void changed();
-
 private:
-    template <typename T> void set(T &field, const T &value)
-    {
-        if (field != value) {
-            field = value;
-            update();
-            emit changed();
-        }
-    }
-
     QList<double> m_heights;
     double m_barWidth = 8;
     double m_spacing = 4;

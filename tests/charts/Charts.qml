@@ -19,6 +19,10 @@ Rectangle {
     required property list<chartBar> labels
     required property list<double> strip
     required property list<point> spark
+    required property list<chartBar> negative
+    required property list<chartBar> longLabels
+    required property list<point> gap
+    required property list<point> many
 
     component Panel: Rectangle {
         id: panel
@@ -146,6 +150,7 @@ Rectangle {
 
         Panel {
             title: "Loss Curve"
+            width: 760
 
             BarStrip {
                 anchors.fill: parent
@@ -213,6 +218,102 @@ Rectangle {
                 Sparkline {
                     anchors.fill: parent
                     points: gallery.spark
+                }
+            }
+        }
+
+        Panel {
+            title: "2,000 POINTS"
+
+            LineChart {
+                anchors.fill: parent
+                smoothed: true
+
+                LineSeries {
+                    color: Color.orange
+                    points: gallery.many
+                }
+            }
+        }
+
+        Panel {
+            title: "GAPS, SMALL CHANGES OF A LARGE NUMBER"
+
+            LineChart {
+                anchors.fill: parent
+                smoothed: true
+
+                LineSeries {
+                    color: Color.cyan
+                    points: gallery.gap
+                }
+            }
+        }
+
+        Panel {
+            title: "BELOW ZERO"
+            width: 178
+
+            BarChart {
+                anchors.fill: parent
+                bars: gallery.negative
+            }
+        }
+
+        Panel {
+            title: "LONG LABELS"
+            width: 178
+
+            BarChart {
+                anchors.fill: parent
+                bars: gallery.longLabels
+            }
+        }
+
+        Panel {
+            title: "SMALL, EMPTY, ONE POINT"
+
+            Grid {
+                columns: 3
+                spacing: 12
+
+                Repeater {
+                    model: [24, 48, 90]
+
+                    LineChart {
+                        required property int modelData
+
+                        width: 105
+                        height: modelData
+
+                        LineSeries {
+                            color: Color.green
+                            points: gallery.accuracy
+                        }
+                    }
+                }
+
+                LineChart {
+                    width: 105
+                    height: 80
+
+                    LineSeries { }
+                }
+
+                LineChart {
+                    width: 105
+                    height: 80
+
+                    LineSeries {
+                        color: Color.green
+                        points: [Qt.point(1420, 0.55)]
+                    }
+                }
+
+                BarChart {
+                    width: 105
+                    height: 80
+                    bars: gallery.numbers
                 }
             }
         }
