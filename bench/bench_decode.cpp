@@ -3,20 +3,16 @@
 // Times differ from machine to machine, ratios hardly. The exit code is 1 when decoding takes more than three quarters of
 // the latter.
 
+#include "Bench.h"
 #include "service/Json.h"
 #include "service/Records.h"
 
-#include <QElapsedTimer>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
 
-#include <algorithm>
-#include <cstdio>
-#include <cstdlib>
-#include <vector>
-
 using namespace quillmere;
+using namespace quillmere::bench;
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -53,28 +49,6 @@ QByteArray listOfJobs(Shape shape)
                 "\"created_at\":\"2026-05-01T12:00:00Z\"}";
     }
     return json + "]}";
-}
-
-double millisecondsOf(auto &&work)
-{
-    QElapsedTimer timer;
-    timer.start();
-    work();
-    return double(timer.nsecsElapsed()) / 1e6;
-}
-
-double medianOf(std::vector<double> times)
-{
-    std::sort(times.begin(), times.end());
-    return times[times.size() / 2];
-}
-
-void check(bool condition, const char *what)
-{
-    if (!condition) {
-        std::fprintf(stderr, "%s\n", what);
-        std::exit(2);
-    }
 }
 
 std::optional<QMap<QString, AnyCodable>> pickMap(const QJsonValue &value)
