@@ -1,4 +1,4 @@
-// A word in a colour, on a faint ground of the same colour.
+// A word in a colour, a symbol before it if there is one, on a faint ground of the same colour.
 import QtQuick
 import Quillmere.Controls
 import Quillmere.Theme
@@ -8,21 +8,35 @@ Rectangle {
 
     required property string text
     required property color tint
+    property string symbol
     property alias font: label.font
     property real horizontalPadding: 8
     property real verticalPadding: 4
     property real fillOpacity: 0.15
+    readonly property real inset: horizontalPadding + (symbol.length > 0 ? icon.implicitWidth + 4 : 0)
 
-    implicitWidth: label.implicitWidth + 2 * horizontalPadding
+    implicitWidth: inset + label.implicitWidth + horizontalPadding
     implicitHeight: label.implicitHeight + 2 * verticalPadding
     radius: 4
     color: Color.faded(tint, fillOpacity)
+
+    SymbolIcon {
+        id: icon
+
+        x: badge.horizontalPadding
+        anchors.verticalCenter: parent.verticalCenter
+        visible: badge.symbol.length > 0
+        name: badge.symbol
+        size: 9
+        bold: true
+        color: badge.tint
+    }
 
     Label {
         id: label
 
         anchors.fill: parent
-        anchors.leftMargin: badge.horizontalPadding
+        anchors.leftMargin: badge.inset
         anchors.rightMargin: badge.horizontalPadding
         text: badge.text
         font: Theme.system(10, Font.Bold)

@@ -23,6 +23,7 @@ Item {
     property real spacing: 8
     property real radius: 6
     property color labelColor: Theme.textPrimary
+    property color spinnerColor: labelColor
     property color fillColor: "transparent"
     property color hoverTint: Theme.hovered
     property real pressedOpacity: 0.8
@@ -51,6 +52,7 @@ Item {
         busy: control.busy
         iconOnly: control.text.length === 0 && control.symbol.length > 0
         color: control.labelColor
+        spinnerColor: control.spinnerColor
         spacing: control.spacing
     }
 

@@ -12,6 +12,7 @@ Item {
     required property bool busy
     required property bool iconOnly
     required property color color
+    property color spinnerColor: color
     required property real spacing
 
     readonly property bool hasLead: busy || symbol.length > 0
@@ -47,7 +48,7 @@ Item {
             visible: item.busy
             width: 16
             height: 16
-            color: item.color
+            color: item.spinnerColor
             Accessible.ignored: true
         }
     }

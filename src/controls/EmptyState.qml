@@ -54,6 +54,9 @@ Item {
                 color: Theme.textSecondary
                 horizontalAlignment: Text.AlignHCenter
                 wrapMode: Text.Wrap
+                // Whatever a failure says of itself, the button stays in the window.
+                maximumLineCount: 8
+                elide: Text.ElideRight
             }
         }
 

@@ -22,6 +22,12 @@ void FakeClock::cancel(Timer timer)
     m_actions.erase(timer);
 }
 
+qsizetype FakeClock::dueIn(std::chrono::milliseconds delay) const
+{
+    return std::count_if(
+        m_actions.begin(), m_actions.end(), [&](const auto &action) { return action.second.due == m_uptime + delay; });
+}
+
 void FakeClock::advance(std::chrono::milliseconds by)
 {
     const std::chrono::milliseconds end = m_uptime + by;

@@ -27,6 +27,8 @@ public:
     mutable int looks = 0;
 
     qsizetype scheduledCount() const { return qsizetype(m_actions.size()); }
+    // Those that fall due exactly so long from now.
+    qsizetype dueIn(std::chrono::milliseconds delay) const;
 
 private:
     struct Action {
