@@ -41,4 +41,13 @@ Rectangle {
         width: view.width
         source: StudioAnalyticsTab.view(view.selectedTab)
     }
+
+    Binding {
+        readonly property TrainingTelemetryView training: content.item as TrainingTelemetryView
+
+        target: training
+        when: training !== null
+        property: "isFullTelemetry"
+        value: view.isTelemetryFull
+    }
 }

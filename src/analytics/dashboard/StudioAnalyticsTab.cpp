@@ -17,21 +17,21 @@ struct Tab {
     const char *view; // module and file below qrc:/qt/qml/Quillmere
 };
 
-constexpr auto notBuiltYet = "Analytics/TabNotBuiltYet.qml";
-
 // Two of them are called otherwise than what they show: the gauges are the telemetry tab, and the telemetry of the training
 // run is the training tab.
 constexpr std::array<Tab, StudioAnalyticsTab::count> tabs{{
     {StudioAnalyticsTab::Overview, "overview", QT_TRANSLATE_NOOP("StudioAnalyticsTab", "Overview"),
         "Analytics/OverviewView.qml"},
-    {StudioAnalyticsTab::Training, "training", QT_TRANSLATE_NOOP("StudioAnalyticsTab", "Training"), notBuiltYet},
+    {StudioAnalyticsTab::Training, "training", QT_TRANSLATE_NOOP("StudioAnalyticsTab", "Training"),
+        "Analytics/TrainingTelemetryView.qml"},
     {StudioAnalyticsTab::Validation, "validation", QT_TRANSLATE_NOOP("StudioAnalyticsTab", "Validation"),
         "Analytics/ValidationView.qml"},
     {StudioAnalyticsTab::Deployment, "deployment", QT_TRANSLATE_NOOP("StudioAnalyticsTab", "Deployment"),
         "Tools/DeploymentView.qml"},
     {StudioAnalyticsTab::Monitoring, "monitoring", QT_TRANSLATE_NOOP("StudioAnalyticsTab", "Monitoring"),
         "Analytics/MonitoringView.qml"},
-    {StudioAnalyticsTab::Telemetry, "telemetry", QT_TRANSLATE_NOOP("StudioAnalyticsTab", "Telemetry"), notBuiltYet},
+    {StudioAnalyticsTab::Telemetry, "telemetry", QT_TRANSLATE_NOOP("StudioAnalyticsTab", "Telemetry"),
+        "Analytics/GaugeAnalyticsDashboardView.qml"},
 }};
 
 const Tab &find(int tab)

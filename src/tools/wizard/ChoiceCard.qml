@@ -42,19 +42,12 @@ ButtonBase {
         }
     }
 
-    background: Item {
-        // Drawn in the size that the scaled card has, not scaled itself: the software renderer leaves seams in a rounded
-        // rectangle that is. It grows by whole points on every side.
-        Rectangle {
-            anchors.centerIn: parent
-            width: card.width + 2 * Math.round(card.width * (card.scale - 1) / 2)
-            height: card.height + 2 * Math.round(card.height * (card.scale - 1) / 2)
-            scale: 1 / card.scale
-            radius: card.radius
-            color: Theme.ultraThinMaterial
-            border.width: card.isSelected ? 2 : 1
-            border.color: card.isSelected ? Color.blue : Color.faded("white", card.isHovering ? 0.1 : 0.05)
-        }
+    background: GrowingPanel {
+        grown: card.scale
+        radius: card.radius
+        color: Theme.ultraThinMaterial
+        strokeWidth: card.isSelected ? 2 : 1
+        strokeColor: card.isSelected ? Color.blue : Color.faded("white", card.isHovering ? 0.1 : 0.05)
     }
 
     contentItem: Row {

@@ -1,0 +1,323 @@
+#include "analytics/gauges/GaugeAnalyticsDashboardState.h"
+#include "analytics/gauges/RollingNumber.h"
+#include "app/theme/Color.h"
+#include "charts/ArcGauge.h"
+#include "platform/ProcessMemory.h"
+#include "support/TestEnvironment.h"
+#include "support/Window.h"
+
+#include <QTest>
+
+#include <cmath>
+
+using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
+
+namespace quillmere {
+
+using testing::colorOf;
+using testing::eventually;
+using testing::fontOf;
+using testing::placeOf;
+using testing::TestEnvironment;
+using testing::Window;
+
+namespace {
+
+QString word(const QColor &color)
+{
+    return color.name(QColor::HexArgb);
+}
+
+const QString gray = word(Color::gray());
+const QString white = u"#ffffffff"_s;
+
+} // namespace
+
+class tst_GaugeAnalyticsDashboardView : public QObject {
+    Q_OBJECT
+
+private:
+    std::unique_ptr<TestEnvironment> m_world;
+    std::unique_ptr<QQuickView> m_view;
+    std::unique_ptr<Window> m_window;
+
+    void open(QSize size = {1000, 1300})
+    {
+        testing::failOnWarnings();
+        m_view = testing::openView(u"Analytics/GaugeAnalyticsDashboardView.qml"_s, size);
+        m_view->setColor(Qt::black);
+        m_window = std::make_unique<Window>(*m_view);
+        QVERIFY(eventually([&] { return gauges().size() == 14 && arc(0)->drawings() > 0; }));
+    }
+
+    GaugeAnalyticsDashboardState &state() const
+    {
+        return *m_view->rootObject()->findChild<GaugeAnalyticsDashboardState *>();
+    }
+    QList<QQuickItem *> gauges() const { return m_window->all(u"GaugeMeterView"_s); }
+    ArcGauge *arc(int i) const
+    {
+        return qobject_cast<ArcGauge *>(m_window->all(u"ArcGauge"_s, gauges().at(i)).value(0));
+    }
+    RollingNumber *number(int i) const
+    {
+        return qobject_cast<RollingNumber *>(m_window->all(u"RollingNumber"_s, gauges().at(i)).value(0));
+    }
+    QQuickItem *gauge(const QString &name) const
+    {
+        for (auto *gauge : gauges()) {
+            if (gauge->property("metricName").toString() == name) {
+                return gauge;
+            }
+        }
+        return nullptr;
+    }
+    QQuickItem *panelOf(const QQuickItem *gauge) const
+    {
+        return m_window->all(u"GrowingPanel"_s, gauge).value(0)->childItems().value(0);
+    }
+    void nextFrame()
+    {
+        m_view->update();
+        QVERIFY(QTest::qWaitFor([&] { return !m_view->grabWindow().isNull(); }));
+    }
+
+private slots:
+    void init() { m_world = std::make_unique<TestEnvironment>(); }
+    void cleanup()
+    {
+        m_window.reset();
+        m_view.reset();
+        m_world.reset();
+    }
+
+    void showsFourteenGaugesInFourSections()
+    {
+        open();
+        QStringList sections;
+        for (auto *section : m_window->all(u"GaugeSection"_s)) {
+            sections.append(section->property("title").toString());
+        }
+        QCOMPARE(sections, (QStringList{u"GPU HEALTH"_s, u"SYSTEM LOAD"_s, u"TRAINING DYNAMICS"_s, u"MODEL HEALTH"_s}));
+
+        QStringList names;
+        for (auto *gauge : gauges()) {
+            names.append(QAccessible::queryAccessibleInterface(gauge)->text(QAccessible::Name));
+        }
+        QCOMPARE(names.join(u'|'),
+            u"GPU Temp 65 °C|VRAM Usage 8 GB|GPU Load 45 %|Fan Speed 1200 RPM|CPU Util 32 %|Memory 12 GB|Disk I/O 450 "
+            "MB/s|Network 25 MB/s|Throughput 3200 tok/s|Speed 4 it/s|Grad Norm 1|Confidence 88 %|Loss 0|Data Quality 92 Q"_s);
+    }
+
+    void paintsGoodValuesRedWhereTheThresholdsFall()
+    {
+        open();
+        QStringList red;
+        for (int i = 0; i < 14; ++i) {
+            if (arc(i)->color() == Color::red()) {
+                red.append(gauges().at(i)->property("metricName").toString());
+            } else {
+                QCOMPARE(arc(i)->color(), Color::blue());
+            }
+        }
+        QCOMPARE(red, (QStringList{u"Throughput"_s, u"Speed"_s, u"Confidence"_s, u"Data Quality"_s}));
+    }
+
+    void fillsTheArcsByValueAndLargestValue()
+    {
+        open();
+        const QList<double> fractions{65 / 100.0, 8.2 / 24, 45 / 100.0, 1200 / 5000.0, 32 / 100.0, 12.4 / 32,
+            450 / 3000.0, 25 / 500.0, 3200 / 5000.0, 4.5 / 10, 1.2 / 10, 0.88, 0.45 / 3, 92 / 100.0};
+        for (int i = 0; i < 14; ++i) {
+            QCOMPARE(arc(i)->fraction(), fractions.at(i));
+        }
+    }
+
+    void followsTheWalkAndRedrawsOnlyWhatMoved()
+    {
+        open();
+        nextFrame();
+        QList<int> drawings;
+        QList<int> paintings;
+        for (int i = 0; i < 14; ++i) {
+            drawings.append(arc(i)->drawings());
+            paintings.append(number(i)->paintings());
+        }
+        m_world->clock.advance(500ms);
+        nextFrame();
+        QStringList moved;
+        for (int i = 0; i < 14; ++i) {
+            if (arc(i)->drawings() != drawings.at(i)) {
+                moved.append(gauges().at(i)->property("metricName").toString());
+            }
+        }
+        QCOMPARE(moved,
+            (QStringList{u"GPU Temp"_s, u"VRAM Usage"_s, u"GPU Load"_s, u"Fan Speed"_s, u"CPU Util"_s, u"Throughput"_s,
+                u"Confidence"_s, u"Loss"_s}));
+        QCOMPARE(arc(0)->fraction(), state().gpuTemp() / 100);
+        QCOMPARE(number(5)->paintings(), paintings.at(5));
+        // Its figure is the same, though its arc moved.
+        QCOMPARE(number(12)->text(), u"0"_s);
+        QCOMPARE(number(12)->paintings(), paintings.at(12));
+    }
+
+    void growsUnderThePointer()
+    {
+        open();
+        auto *gauge = this->gauge(u"Memory"_s);
+        auto *name = m_window->text(u"Memory"_s, gauge);
+        QCOMPARE(colorOf(name), gray);
+        QCOMPARE(gauge->scale(), 1.0);
+        m_window->hover(gauge);
+        QVERIFY(eventually([&] { return gauge->scale() == 1.02; }));
+        QCOMPARE(colorOf(name), white);
+        QCOMPARE(colorOf(m_window->symbol(u"memorychip.fill"_s, gauge)), white);
+        QCOMPARE(panelOf(gauge)->property("border").value<QObject *>()->property("color").value<QColor>(),
+            Color::faded(Qt::white, 0.1));
+        m_window->hover(this->gauge(u"Disk I/O"_s));
+        QVERIFY(eventually([&] { return gauge->scale() == 1.0; }));
+        QCOMPARE(colorOf(name), gray);
+    }
+
+    void performanceModeMovesItsSwitch()
+    {
+        open();
+        auto *toggle = m_window->control(QAccessible::CheckBox, u"Performance Mode"_s);
+        QVERIFY(!toggle->property("checked").toBool());
+        m_window->click(toggle);
+        QVERIFY(toggle->property("checked").toBool());
+        QVERIFY(state().isPerformanceMode());
+        m_window->click(toggle);
+        QVERIFY(!toggle->property("checked").toBool());
+    }
+
+    void hasAsManyColumnsAsFit_data()
+    {
+        QTest::addColumn<int>("width");
+        QTest::addColumn<int>("columns");
+
+        QTest::newRow("a narrow window") << 300 << 1;
+        QTest::newRow("just two") << 64 + 380 << 2;
+        QTest::newRow("not yet two") << 64 + 379 << 1;
+        QTest::newRow("four") << 1000 << 4;
+        QTest::newRow("more columns than gauges") << 1700 << 8;
+    }
+
+    void hasAsManyColumnsAsFit()
+    {
+        QFETCH(int, width);
+        QFETCH(int, columns);
+        open({width, 900});
+        const double cell = std::floor((width - 64 + 20.0) / columns) - 20;
+        QCOMPARE(placeOf(gauges().at(0)).left(), 32.0);
+        QCOMPARE(gauges().at(0)->width(), cell);
+        QVERIFY(columns == 1 || placeOf(gauges().at(1)).left() == 32 + cell + 20);
+        QVERIFY(columns == 1 || cell >= 180);
+    }
+
+    void looksAsToldAtTheHeading()
+    {
+        open();
+        auto *title = m_window->text(u"SYSTEM TELEMETRY"_s);
+        QCOMPARE(fontOf(title), u"Inter 24 700"_s);
+        QCOMPARE(colorOf(title), white);
+        QCOMPARE(placeOf(title).left(), 32.0);
+        auto *subtitle = m_window->text(u"Real-time hardware & training monitoring"_s);
+        QCOMPARE(fontOf(subtitle), u"Inter 14 400"_s);
+        QCOMPARE(colorOf(subtitle), gray);
+        QCOMPARE(placeOf(m_window->control(QAccessible::CheckBox, u"Performance Mode"_s)).right(), 1000.0 - 32);
+        auto *section = m_window->text(u"GPU HEALTH"_s);
+        QCOMPARE(fontOf(section), u"Geist Mono 14 700"_s);
+        // Fonts keep it in sixty-fourths.
+        QVERIFY(std::abs(section->property("font").value<QFont>().letterSpacing() - 1.2) < 1 / 64.0);
+        QCOMPARE(colorOf(section), gray);
+        QCOMPARE(colorOf(m_window->symbol(u"server.rack"_s)), word(Color::cyan()));
+    }
+
+    void looksAsToldAtAGauge()
+    {
+        open();
+        auto *gauge = this->gauge(u"GPU Temp"_s);
+        auto *panel = panelOf(gauge);
+        QCOMPARE(panel->property("radius").toInt(), 20);
+        QCOMPARE(colorOf(panel), word(Color::faded(Qt::white, 0.03)));
+        QCOMPARE(panel->property("border").value<QObject *>()->property("color").value<QColor>(),
+            Color::faded(Qt::white, 0.05));
+        QCOMPARE(arc(0)->height(), 100.0);
+        QCOMPARE(arc(0)->strokeWidth(), 8.0);
+        QCOMPARE(arc(0)->glow(), 6.0);
+        QCOMPARE(placeOf(arc(0)).top() - placeOf(gauge).top(), 16.0);
+        QCOMPARE(number(0)->font().pixelSize(), 28);
+        QCOMPARE(number(0)->font().weight(), QFont::Bold);
+        auto *unit = m_window->text(u"°C"_s, gauge);
+        QCOMPARE(fontOf(unit), u"Inter 11 500"_s);
+        QCOMPARE(colorOf(unit), gray);
+        QCOMPARE(fontOf(m_window->text(u"GPU Temp"_s, gauge)), u"Open Runde 12 500"_s);
+    }
+
+    void drawsItsFigureInWhiteAndItsArcInItsColour()
+    {
+        open();
+        const QImage picture = m_view->grabWindow();
+        const auto countOf = [&](const QRectF &area, auto &&matches) {
+            int count = 0;
+            for (int y = int(area.top()); y < int(area.bottom()); ++y) {
+                for (int x = int(area.left()); x < int(area.right()); ++x) {
+                    count += matches(picture.pixelColor(x, y)) ? 1 : 0;
+                }
+            }
+            return count;
+        };
+        QVERIFY(countOf(placeOf(number(0)), [](const QColor &pixel) { return pixel.lightness() > 200; }) > 60);
+        QVERIFY(countOf(placeOf(arc(0)), [](const QColor &pixel) { return pixel.blue() > pixel.red() + 80; }) > 500);
+        QVERIFY(countOf(placeOf(arc(8)), [](const QColor &pixel) { return pixel.red() > pixel.blue() + 80; }) > 500);
+    }
+
+    void scrollsWhereTheWindowIsLow()
+    {
+        open({1000, 500});
+        auto *last = gauge(u"Data Quality"_s);
+        QVERIFY(placeOf(last).bottom() > 500);
+        m_window->press(Qt::Key_Tab);
+        m_window->press(Qt::Key_End);
+        QVERIFY(eventually([&] { return placeOf(last).bottom() <= 500 - 31; }));
+    }
+
+    void startsAfreshAfterAnotherVisit()
+    {
+        open();
+        m_world->clock.advance(20s);
+        QVERIFY(state().gpuTemp() != 65);
+        m_window.reset();
+        m_view.reset();
+        QCOMPARE(m_world->clock.scheduledCount(), 0);
+        open();
+        QCOMPARE(state().gpuTemp(), 65.0);
+        QCOMPARE(number(0)->text(), u"65"_s);
+    }
+
+    void doesNotGrowInAnHourOfTicks()
+    {
+        open();
+        const auto pass = [&](int ticks) {
+            for (int i = 0; i < ticks; ++i) {
+                m_world->clock.advance(500ms);
+                QCoreApplication::processEvents();
+                QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+            }
+        };
+        pass(1200);
+        if (!testing::memoryIsMeasurable) {
+            QSKIP("Memory cannot be measured under a sanitizer.");
+        }
+        const testing::PeakMemory memory;
+        pass(7200);
+        QVERIFY2(memory.growth() < 1024 * 1024, qPrintable(QString::number(memory.growth())));
+    }
+};
+
+} // namespace quillmere
+
+QTEST_MAIN(quillmere::tst_GaugeAnalyticsDashboardView)
+#include "tst_GaugeAnalyticsDashboardView.moc"

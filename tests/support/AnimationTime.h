@@ -1,0 +1,26 @@
+#pragma once
+
+#include <QAnimationDriver>
+
+namespace quillmere::testing {
+
+// Animations stand still while it lives until a test turns their time. One that was just started counts from the next turn on
+// once the event loop has come round.
+class AnimationTime : public QAnimationDriver {
+public:
+    AnimationTime() { install(); }
+    ~AnimationTime() override { uninstall(); }
+    Q_DISABLE_COPY_MOVE(AnimationTime)
+
+    qint64 elapsed() const override { return m_elapsed; }
+    void pass(qint64 milliseconds)
+    {
+        m_elapsed += milliseconds;
+        QAnimationDriver::advance();
+    }
+
+private:
+    qint64 m_elapsed = 0;
+};
+
+} // namespace quillmere::testing
