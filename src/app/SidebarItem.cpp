@@ -46,7 +46,8 @@ constexpr std::array<Destination, SidebarItem::count> destinations{{
         "Tools/ChatView.qml"},
     {SidebarItem::Deployment, "deployment", QT_TRANSLATE_NOOP("SidebarItem", "Deployment"), "paperplane", Group::None,
         "Tools/DeploymentView.qml"},
-    {SidebarItem::Agents, "agents", QT_TRANSLATE_NOOP("SidebarItem", "Agents"), "brain", Group::None, notBuiltYet},
+    {SidebarItem::Agents, "agents", QT_TRANSLATE_NOOP("SidebarItem", "Agents"), "brain", Group::None,
+        "Tools/AgentsView.qml"},
     {SidebarItem::Profile, "profile", QT_TRANSLATE_NOOP("SidebarItem", "Profile"), "person", Group::None,
         "Identity/UserProfileView.qml"},
 }};
