@@ -21,8 +21,6 @@ struct Destination {
     const char *view; // module and file below qrc:/qt/qml/Quillmere
 };
 
-constexpr auto notBuiltYet = "App/NotBuiltYet.qml";
-
 constexpr std::array<Destination, SidebarItem::count> destinations{{
     {SidebarItem::Dashboard, "dashboard", QT_TRANSLATE_NOOP("SidebarItem", "Dashboard"), "house", Group::Main,
         "Analytics/MonitoringView.qml"},

@@ -289,7 +289,9 @@ private slots:
         m_world->clock.advance(499ms);
         QCOMPARE(m_world->clock.scheduledCount(), 1 + ticks);
         m_world->clock.advance(1ms);
-        QCOMPARE(m_world->clock.scheduledCount(), ticks);
+        // What asks for the version watches the clock until it has its answer.
+        QVERIFY(eventually([&] { return m_world->clock.scheduledCount() == ticks; }));
+        QCOMPARE(m_world->service.requests("GET", "/api/downloads/version").size(), 1);
     }
 
     // The sidebar
