@@ -1,5 +1,5 @@
 // A scrolling grid of cards in columns of one width, with air between and around them. Tab comes to one card, the arrow keys go from
-// there to the others: a card takes part with `activeFocusOnTab: GridView.isCurrentItem`.
+// there to the others: a card takes part with `activeFocusOnTab: GridView.isCurrentItem || activeFocus`.
 import QtQuick
 import QtQuick.Templates as T
 import Quillmere.Controls

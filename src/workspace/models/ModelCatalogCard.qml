@@ -23,7 +23,8 @@ Card {
     implicitHeight: 280
     hoverStrokeColor: Color.faded(Theme.accent, 0.5)
     scale: isHovered ? 1.01 : 1
-    activeFocusOnTab: GridView.isCurrentItem
+    // The one that has the keyboard stays reachable until the next one has it.
+    activeFocusOnTab: GridView.isCurrentItem || activeFocus
     Accessible.role: Accessible.ListItem
     Accessible.name: name
     Accessible.description: description

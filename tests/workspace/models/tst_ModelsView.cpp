@@ -721,7 +721,7 @@ private slots:
         }
         QCOMPARE(focused(), u"Model 24"_s);
         const auto *card = m_view->activeFocusItem();
-        QVERIFY(placeOf(grid()).adjusted(0, 16, 0, -16).contains(placeOf(card)));
+        QVERIFY(placeOf(grid()).adjusted(0, 12, 0, -12).contains(placeOf(card)));
         QCOMPARE(m_window->all(u"FocusRing"_s, card).size(), 1);
 
         m_window->press(Qt::Key_Return);
