@@ -20,6 +20,8 @@ Item {
 
     readonly property real lineHeight: Math.ceil(metrics.height)
     readonly property real labelGap: 6
+    // Clear of the lower half of the lowest label beside the other axis.
+    readonly property real xLabelGap: Math.max(labelGap, showsYAxis ? Math.ceil(lineHeight / 2) : 0)
     readonly property real band: area.width / Math.max(1, marks.xTicks.length)
     // Grid lines and the edges of the plot lie on whole pixels at any scale, and a hair's breadth is whole pixels.
     readonly property real pixel: 1 / Screen.devicePixelRatio
@@ -43,7 +45,7 @@ Item {
     Item {
         id: area
 
-        readonly property real bottomMargin: frame.showsXAxis ? frame.lineHeight + frame.labelGap : y
+        readonly property real bottomMargin: frame.showsXAxis ? frame.lineHeight + frame.xLabelGap : y
 
         x: frame.showsYAxis && frame.marks.yLabelWidth > 0 ? frame.onPixel(frame.marks.yLabelWidth + frame.labelGap) : 0
         y: frame.showsYAxis ? frame.onPixel(Math.ceil(frame.lineHeight / 2)) : 0
@@ -81,7 +83,8 @@ Item {
     }
 
     Repeater {
-        model: frame.showsXAxis ? frame.marks.xTicks : []
+        // A chart that is lower than its labels has none.
+        model: frame.showsXAxis && area.y + area.height + frame.xLabelGap + frame.lineHeight <= frame.height ? frame.marks.xTicks : []
 
         Item {
             id: xTick
@@ -101,7 +104,7 @@ Item {
 
             Label {
                 x: Math.max(-xTick.x, Math.min(-width / 2, frame.width - xTick.x - width))
-                y: area.y + area.height + frame.labelGap
+                y: area.y + area.height + frame.xLabelGap
                 // What stands under a bar has the width of its band.
                 width: xTick.modelData.hasLine ? implicitWidth : Math.min(implicitWidth, Math.max(0, frame.band - frame.labelGap))
                 text: xTick.modelData.text

@@ -16,6 +16,34 @@ bool isFinite(QPointF point)
     return std::isfinite(point.x()) && std::isfinite(point.y());
 }
 
+// The same line with fewer points: of those that share a few points of width it keeps the first, the lowest, the highest and
+// the last. Each costs the painter a join.
+QPolygonF thinned(const QPolygonF &line)
+{
+    constexpr double column = 4;
+    QPolygonF kept;
+    for (qsizetype first = 0; first < line.size();) {
+        const double place = std::floor(line[first].x() / column);
+        qsizetype lowest = first;
+        qsizetype highest = first;
+        qsizetype last = first;
+        for (qsizetype i = first; i < line.size() && std::floor(line[i].x() / column) == place; ++i) {
+            lowest = line[i].y() < line[lowest].y() ? i : lowest;
+            highest = line[i].y() > line[highest].y() ? i : highest;
+            last = i;
+        }
+        qsizetype before = -1;
+        for (const qsizetype i : {first, std::min(lowest, highest), std::max(lowest, highest), last}) {
+            if (i != before) {
+                kept.append(line[i]);
+            }
+            before = i;
+        }
+        first = last + 1;
+    }
+    return kept;
+}
+
 } // namespace
 
 QPainterPath smoothPath(const QPolygonF &points)
@@ -175,16 +203,9 @@ void LineMarks::paint(QPainter *painter)
                 painter->setBrush(series->color());
                 painter->drawEllipse(line.first(), m_lineWidth * 1.25, m_lineWidth * 1.25);
             } else if (double(line.size()) > plot().width() / 2) {
-                // So close that neither curves nor joins can be seen. QPainter draws single lines without round ends twenty times
-                // faster than a path that crosses itself.
-                QList<QLineF> pieces;
-                pieces.reserve(line.size());
-                for (qsizetype i = 1; i < line.size(); ++i) {
-                    pieces.append({line[i - 1], line[i]});
-                }
-                pen.setCapStyle(Qt::SquareCap);
+                // So close that curves cannot be told from straight lines.
                 painter->setPen(pen);
-                painter->drawLines(pieces);
+                painter->drawPolyline(thinned(line));
             } else if (m_smoothed) {
                 painter->strokePath(smoothPath(line), pen);
             } else {
