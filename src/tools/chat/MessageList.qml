@@ -8,12 +8,13 @@ import Quillmere.Theme
 CardList {
     id: list
 
-    // Brings the last message to the lower edge, on a gentle way there from where the list is now.
+    // Brings the last message to the lower edge, on a gentle way there from where the list is now; from far away only the last of
+    // the way is gone, since each row on it would have to be made.
     function showLast() {
         const from = contentY;
         positionViewAtEnd();
         travel.to = contentY;
-        contentY = from;
+        contentY = Math.max(from, travel.to - 3 * height);
         travel.restart();
     }
 
