@@ -95,8 +95,8 @@ QList<double> AxisScale::ticks() const
     }
     const double first = tickAbove(m_lower / m_step);
     const double last = tickBelow(m_upper / m_step);
-    for (double i = first; i <= last; ++i) {
-        ticks.append(i * m_step + 0.0); // never the zero that has a sign
+    for (int i = 0; first + i <= last; ++i) {
+        ticks.append((first + i) * m_step + 0.0); // never the zero that has a sign
     }
     return ticks;
 }

@@ -48,6 +48,7 @@ private slots:
     {
         failOnWarnings();
         QAccessible::setActive(true);
+        QCoreApplication::setApplicationVersion(u"1.0.0"_s); // which is the newest that the service has
         m_world = std::make_unique<TestEnvironment>();
     }
     void cleanup()
@@ -532,7 +533,8 @@ private slots:
         opensSignedIn();
         m_window->click(rows()[4]);
         QVERIFY(eventually([this] { return m_window->shows(u"No Training Jobs"_s); }));
-        QVERIFY(eventually([this] { return m_world->service.requests().size() == 2; })); // the user and the jobs
+        m_world->clock.advance(1s);
+        QVERIFY(eventually([this] { return m_world->service.requests().size() == 3; })); // user, jobs, newest version
         for (const int item : {SidebarItem::Training, SidebarItem::Documentation}) {
             content()->setProperty("selection", item);
             rows()[4]->forceActiveFocus(Qt::TabFocusReason);

@@ -6,6 +6,7 @@
 #include <QFile>
 #include <QSignalSpy>
 #include <QTemporaryDir>
+#include <QThreadPool>
 
 #include <sys/stat.h>
 
@@ -204,12 +205,11 @@ private slots:
         QDir(m_folder->path()).mkdir(u"one"_s);
         QDir(m_folder->path()).mkdir(u"two"_s);
         opens();
-        QSignalSpy listed(&dialog(), &FileDialog::listed);
-        dialog().open(0);
-        dialog().open(1);
-        QVERIFY(eventually([&] { return listed.size() == 1; }));
+        dialog().goTo(m_folder->filePath(u"one"_s));
+        dialog().goTo(m_folder->filePath(u"two"_s));
+        QVERIFY(eventually([&] { return dialog().folder() == m_folder->filePath(u"two"_s); }));
+        QThreadPool::globalInstance()->waitForDone();
         settle();
-        QCOMPARE(listed.size(), 1);
         QCOMPARE(dialog().folder(), m_folder->filePath(u"two"_s));
     }
 

