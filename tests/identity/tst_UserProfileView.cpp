@@ -118,7 +118,7 @@ private slots:
         QCOMPARE(m_world->clock.scheduledCount(), 0);
     }
 
-    void looksAsToldAtTheTop()
+    void keepsItsLookAtTheTop()
     {
         open();
         auto *initials = text(u"JD"_s);
@@ -140,7 +140,7 @@ private slots:
         QCOMPARE(colorOf(edit, "fillColor"), word(Theme::bordered()));
     }
 
-    void looksAsToldAtThePlan()
+    void keepsItsLookAtThePlan()
     {
         open();
         auto *badge = m_window->all(u"Badge"_s).value(0);
@@ -156,7 +156,7 @@ private slots:
         QCOMPARE(colorOf(text(u"Member since 2024"_s)), gray);
     }
 
-    void looksAsToldAtTheUsage_data()
+    void keepsItsLookAtTheUsage_data()
     {
         QTest::addColumn<int>("index");
         QTest::addColumn<QString>("title");
@@ -168,7 +168,7 @@ private slots:
         QTest::newRow("calls") << 2 << u"API Calls"_s << u"12k / 50k"_s << 0.24 << Color::green();
     }
 
-    void looksAsToldAtTheUsage()
+    void keepsItsLookAtTheUsage()
     {
         QFETCH(int, index);
         QFETCH(QString, title);
@@ -209,7 +209,7 @@ private slots:
         QCOMPARE(placeOf(cards.last()).right(), 980 - 40);
     }
 
-    void looksAsToldAtTheBilling()
+    void keepsItsLookAtTheBilling()
     {
         open();
         auto *heading = text(u"BILLING"_s);

@@ -439,7 +439,7 @@ private slots:
         QCOMPARE(word(strokeOf(background(name))), blue);
     }
 
-    void looksAsToldAroundItsSteps()
+    void keepsItsLookAroundItsSteps()
     {
         open();
         QCOMPARE(colorOf(m_view->rootObject()), u"#ff000000"_s);
@@ -527,7 +527,7 @@ private slots:
         }
     }
 
-    void looksAsToldWhereDataIsChosen()
+    void keepsItsLookWhereDataIsChosen()
     {
         open();
         const QStringList descriptions{
@@ -623,7 +623,7 @@ private slots:
         QCOMPARE(picture.pixelColor(int(zone.center().x()), y - 1).red(), 0);
     }
 
-    void looksAsToldWhereAModelIsChosen()
+    void keepsItsLookWhereAModelIsChosen()
     {
         open();
         goTo(1);
@@ -651,7 +651,7 @@ private slots:
         QCOMPARE(placeOf(cards.at(2)).top(), placeOf(cards.at(0)).bottom() + 12);
     }
 
-    void looksAsToldWhereAGoalIsChosen()
+    void keepsItsLookWhereAGoalIsChosen()
     {
         open();
         goTo(2);
@@ -694,7 +694,7 @@ private slots:
         }
     }
 
-    void looksAsToldAtTheReview()
+    void keepsItsLookAtTheReview()
     {
         open();
         goTo(3);
@@ -733,7 +733,7 @@ private slots:
         QCOMPARE(start->property("verticalPadding").toInt(), 16);
     }
 
-    void looksAsToldAtTheSuccess()
+    void keepsItsLookAtTheSuccess()
     {
         open();
         goTo(3);

@@ -9,7 +9,7 @@
 namespace quillmere {
 
 // Where a gauge's colour turns. One rule holds for all gauges: from `warning` on it is orange, from `critical` on red, also on a
-// gauge whose high values are the good ones. `normal` is told and not consulted.
+// gauge whose high values are the good ones. `normal` belongs to the figures and is not consulted.
 struct GaugeThresholds {
     Q_GADGET
     QML_VALUE_TYPE(gaugeThresholds)

@@ -1,4 +1,4 @@
-// A figure of a run, and by how much it has changed. What counts as good is told, not read off the sign.
+// A figure of a run, and by how much it has changed. Its owner says what counts as good; the sign does not.
 import QtQuick
 import Quillmere.Analytics
 import Quillmere.Controls

@@ -216,7 +216,7 @@ private slots:
         QVERIFY(columns == 1 || cell >= 180);
     }
 
-    void looksAsToldAtTheHeading()
+    void keepsItsLookAtTheHeading()
     {
         open();
         auto *title = m_window->text(u"SYSTEM TELEMETRY"_s);
@@ -235,7 +235,7 @@ private slots:
         QCOMPARE(colorOf(m_window->symbol(u"server.rack"_s)), word(Color::cyan()));
     }
 
-    void looksAsToldAtAGauge()
+    void keepsItsLookAtAGauge()
     {
         open();
         auto *gauge = this->gauge(u"GPU Temp"_s);

@@ -296,7 +296,7 @@ private slots:
         QCOMPARE(valueOf(u"Learning Rate"_s), u"0.00030"_s);
     }
 
-    void looksAsToldAtTheCards()
+    void keepsItsLookAtTheCards()
     {
         open();
         auto *card = m_window->all(u"MetricCard"_s).value(0);
@@ -319,7 +319,7 @@ private slots:
         QCOMPARE(card->width(), std::floor((1220 - 280 - 48 + 12) / 5.0) - 12);
     }
 
-    void looksAsToldAtTheControls()
+    void keepsItsLookAtTheControls()
     {
         open();
         auto *panel = m_window->all(u"LiveControls"_s).value(0);

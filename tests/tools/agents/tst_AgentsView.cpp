@@ -296,7 +296,7 @@ private slots:
 
     // Nodes.
 
-    void drawsANodeAsTold()
+    void keepsTheLookOfANode()
     {
         open();
         auto *llm = node(1);

@@ -424,7 +424,7 @@ private slots:
 
     // Cards
 
-    void hasEachCardAsTold()
+    void keepsTheLookOfEachCard()
     {
         opensWith('[' + model("a", "First") + ']');
         QVERIFY(eventually([this] { return cards().size() == 1; }));

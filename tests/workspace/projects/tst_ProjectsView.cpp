@@ -129,7 +129,7 @@ private slots:
 
     // Cards
 
-    void hasEachCardAsTold()
+    void keepsTheLookOfEachCard()
     {
         open();
         load();
@@ -371,7 +371,7 @@ private slots:
 
     // The sheet
 
-    void hasItsSheetAsTold()
+    void keepsTheLookOfItsSheet()
     {
         open();
         load();

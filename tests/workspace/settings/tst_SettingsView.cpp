@@ -68,7 +68,7 @@ private slots:
 
     // The shell
 
-    void hasItsColumnAsTold()
+    void keepsTheLookOfItsColumn()
     {
         open();
         QCOMPARE(colorOf(view->rootObject()), u"#ff09090b"_s);
@@ -186,7 +186,7 @@ private slots:
 
     // Account
 
-    void showsAUserAsTold()
+    void keepsTheLookOfAUser()
     {
         AuthManager::shared().setCurrentUser(user(u"ada lovelace"_s));
         open();
@@ -441,7 +441,7 @@ private slots:
         QVERIFY(placeOf(screen->text(longText.left(500))).right() <= placeOf(card).right() - 24);
     }
 
-    void showsTheUsageAsTold()
+    void keepsTheLookOfTheUsage()
     {
         open();
         choose(u"Subscription"_s);
@@ -489,7 +489,7 @@ private slots:
 
     // Preferences
 
-    void showsThePreferencesAsTold()
+    void keepsTheLookOfThePreferences()
     {
         open();
         choose(u"Preferences"_s);
