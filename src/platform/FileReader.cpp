@@ -1,5 +1,7 @@
 #include "platform/FileReader.h"
 
+#include "platform/Descriptor.h"
+
 #include <QCoroFuture>
 
 #include <QCoreApplication>
@@ -33,29 +35,12 @@ QByteArray pathOf(const QUrl &file)
     return QByteArray::fromPercentEncoding(file.path(QUrl::FullyEncoded).toLatin1());
 }
 
-class Descriptor {
-public:
-    explicit Descriptor(int number) : m_number(number) { }
-    ~Descriptor()
-    {
-        if (m_number >= 0) {
-            ::close(m_number);
-        }
-    }
-    Q_DISABLE_COPY_MOVE(Descriptor)
-
-    int number() const { return m_number; }
-
-private:
-    int m_number;
-};
-
 Result<QByteArray> read(const QByteArray &path)
 {
     // Without O_NONBLOCK, opening a pipe waits until somebody writes to it.
     const Descriptor file(::open(path.constData(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY));
     struct stat status = {};
-    if (file.number() < 0 || ::fstat(file.number(), &status) < 0) {
+    if (file < 0 || ::fstat(file, &status) < 0) {
         return systemFailure(errno);
     }
     if (S_ISDIR(status.st_mode)) {
@@ -71,7 +56,7 @@ Result<QByteArray> read(const QByteArray &path)
         return systemFailure(ENOMEM);
     }
     for (qsizetype done = 0; done < content.size();) {
-        const ssize_t count = ::read(file.number(), content.data() + done, size_t(content.size() - done));
+        const ssize_t count = ::read(file, content.data() + done, size_t(content.size() - done));
         if (count < 0 && errno == EINTR) {
             continue;
         }

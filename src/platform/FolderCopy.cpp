@@ -1,5 +1,7 @@
 #include "platform/FolderCopy.h"
 
+#include "platform/Descriptor.h"
+
 #include <QCoreApplication>
 #include <QFile>
 #include <QLockFile>
@@ -116,23 +118,6 @@ private:
     fs::path m_stem;
     fs::path m_path;
     std::error_code m_error;
-};
-
-class Descriptor {
-public:
-    explicit Descriptor(int number) : m_number(number) { }
-    ~Descriptor()
-    {
-        if (m_number >= 0) {
-            ::close(m_number);
-        }
-    }
-    Q_DISABLE_COPY_MOVE(Descriptor)
-
-    operator int() const { return m_number; }
-
-private:
-    int m_number;
 };
 
 // The copy is on the disk when this returns: what is exchanged for the old one is not lost with the machine's power either.

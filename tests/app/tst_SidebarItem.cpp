@@ -2,6 +2,7 @@
 
 #include <QFile>
 #include <QMetaEnum>
+#include <QRegularExpression>
 #include <QTest>
 
 using namespace Qt::StringLiterals;
@@ -79,6 +80,24 @@ private slots:
         QCOMPARE(SidebarItem::rawValue(SidebarItem::None), u""_s);
         QCOMPARE(SidebarItem::title(SidebarItem::None), u""_s);
         QCOMPARE(SidebarItem::icon(SidebarItem::None), u""_s);
+    }
+
+    // The map for newcomers names, for each destination, the folder in which its view stands.
+    void standsInTheMapOfTheArchitecture()
+    {
+        QFile file(QStringLiteral(SOURCE_FOLDER "/docs/architecture.md"));
+        QVERIFY(file.open(QIODevice::ReadOnly));
+        const QString text = QString::fromUtf8(file.readAll());
+        for (int item = 0; item < SidebarItem::count; ++item) {
+            const QRegularExpression row(
+                u"^\\| %1 \\| `([^`]+)`"_s.arg(QRegularExpression::escape(SidebarItem::title(item))),
+                QRegularExpression::MultilineOption);
+            const QRegularExpressionMatch match = row.match(text);
+            QVERIFY2(match.hasMatch(), qPrintable(SidebarItem::title(item)));
+            const QString view =
+                QStringLiteral(SOURCE_FOLDER "/") + match.captured(1) + SidebarItem::view(item).fileName();
+            QVERIFY2(QFile::exists(view), qPrintable(view));
+        }
     }
 
     void isEmptyBeyondItsCases_data()
