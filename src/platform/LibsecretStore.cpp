@@ -28,6 +28,25 @@ const SecretSchema *schema()
     return &schema;
 }
 
+// The process that is the keyring at the moment, by its name on the bus; empty where there is none.
+QByteArray presentKeyring(GCancellable *cancellable)
+{
+    QByteArray keyring;
+    GDBusConnection *bus = g_bus_get_sync(G_BUS_TYPE_SESSION, cancellable, nullptr);
+    GVariant *reply = bus ? g_dbus_connection_call_sync(bus, "org.freedesktop.DBus", "/org/freedesktop/DBus",
+                          "org.freedesktop.DBus", "GetNameOwner", g_variant_new("(s)", "org.freedesktop.secrets"),
+                          G_VARIANT_TYPE("(s)"), G_DBUS_CALL_FLAGS_NONE, -1, cancellable, nullptr)
+                          : nullptr;
+    if (reply) {
+        const char *name = nullptr;
+        g_variant_get(reply, "(&s)", &name);
+        keyring = name;
+        g_variant_unref(reply);
+    }
+    g_clear_object(&bus);
+    return keyring;
+}
+
 } // namespace
 
 struct LibsecretStore::Worker : public QThread {
@@ -36,6 +55,7 @@ struct LibsecretStore::Worker : public QThread {
     std::deque<std::function<void(GCancellable *)>> operations;
     bool ending = false;
     GCancellable *cancellable = g_cancellable_new();
+    QByteArray keyring;
 
     Worker() { setObjectName(QStringLiteral("Secret store")); }
     ~Worker() override { g_object_unref(cancellable); }
@@ -66,10 +86,22 @@ struct LibsecretStore::Worker : public QThread {
             const auto operation = std::move(operations.front());
             operations.pop_front();
             lock.unlock();
+            meetKeyring();
             operation(cancellable);
         }
         g_main_context_pop_thread_default(context);
         g_main_context_unref(context);
+    }
+
+    // libsecret keeps its session with a keyring for good. A keyring that was started anew does not know it, and from then on
+    // nothing would be found.
+    void meetKeyring()
+    {
+        const QByteArray present = presentKeyring(cancellable);
+        if (present != keyring) {
+            secret_service_disconnect();
+            keyring = present;
+        }
     }
 
     void end()

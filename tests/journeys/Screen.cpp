@@ -72,11 +72,17 @@ quint64 states(const QDBusConnection &bus, const QString &service, const QString
     return words.size() == 2 ? words[0] | quint64(words[1]) << 32 : 0;
 }
 
-QString name(const QDBusConnection &bus, const QString &service, const QString &path)
+QVariant property(const QDBusConnection &bus, const QString &service, const QString &path, const QString &interface,
+    const QString &name)
 {
     const QDBusReply<QDBusVariant> reply =
-        call(bus, service, path, u"org.freedesktop.DBus.Properties"_s, u"Get"_s, {accessible, u"Name"_s});
-    return reply.value().variant().toString();
+        call(bus, service, path, u"org.freedesktop.DBus.Properties"_s, u"Get"_s, {interface, name});
+    return reply.value().variant();
+}
+
+QString name(const QDBusConnection &bus, const QString &service, const QString &path)
+{
+    return property(bus, service, path, accessible, u"Name"_s).toString();
 }
 
 QRect place(const QDBusConnection &bus, const QString &service, const QString &path)
@@ -171,6 +177,15 @@ bool Screen::clicks(const QString &name) const
     return element && desktop::click(element->place.center());
 }
 
+QStringList Screen::readsAloud() const
+{
+    QStringList texts;
+    if (const QString program = service(); !program.isEmpty()) {
+        readAloud(program, rootPath, texts);
+    }
+    return texts;
+}
+
 std::optional<Screen::Element> Screen::named(const QString &name) const
 {
     return find([&](const Element &element) { return element.name == name; });
@@ -215,6 +230,17 @@ std::optional<Screen::Element> Screen::findIn(
     }
     element.place = place(m_bus, service, path);
     return element;
+}
+
+void Screen::readAloud(const QString &service, const QString &path, QStringList &texts) const
+{
+    constexpr int toTheEnd = -1;
+    const QDBusReply<QString> text = call(m_bus, service, path, u"org.a11y.atspi.Text"_s, u"GetText"_s, {0, toTheEnd});
+    texts << name(m_bus, service, path) << property(m_bus, service, path, accessible, u"Description"_s).toString()
+          << property(m_bus, service, path, u"org.a11y.atspi.Value"_s, u"CurrentValue"_s).toString() << text.value();
+    for (const Reference &child : children(m_bus, service, path)) {
+        readAloud(service, child.path.path(), texts);
+    }
 }
 
 QString Screen::service() const

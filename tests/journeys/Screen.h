@@ -28,6 +28,9 @@ public:
     bool tabsTo(const QString &name) const;
     bool clicks(const QString &name) const;
 
+    // All texts that the program tells assistive programs, of what shows and of what does not.
+    QStringList readsAloud() const;
+
 private:
     struct Element {
         QString path; // tells it apart from the program's other elements
@@ -44,6 +47,7 @@ private:
     // whole has the focus, too.
     std::optional<Element> find(const Test &isIt) const;
     std::optional<Element> findIn(const QString &service, const QString &path, bool isActive, const Test &isIt) const;
+    void readAloud(const QString &service, const QString &path, QStringList &texts) const;
     // The program's name on the accessibility bus; empty while it is not there.
     QString service() const;
 

@@ -8,6 +8,9 @@ namespace keyring {
 
 // Stores an item whose one attribute is "account"; any bytes will do.
 bool stores(const std::string &account, const std::string &bytes);
+// Stores one more item of that account, however many there are; `number` tells them apart by an attribute of its own. Every other
+// one lies in another collection.
+bool storesBeside(const std::string &account, const std::string &bytes, int number);
 // Removes every item of that attribute.
 bool clears(const std::string &account);
 // The bytes of one of them.
@@ -18,5 +21,7 @@ int itemCount(const std::string &account);
 std::string label(const std::string &account);
 // Locks the default collection.
 bool locks();
+// Unlocks it with the password that with-keyring gave it.
+bool unlocks();
 
 } // namespace keyring

@@ -1,6 +1,7 @@
 #include "platform/LibsecretStore.h"
 
 #include "Keyring.h"
+#include "KeyringProcess.h"
 
 #include <QCoroTask>
 
@@ -13,11 +14,15 @@
 #include <QTest>
 #include <QTimer>
 
+#include <algorithm>
+#include <chrono>
 #include <csignal>
 #include <cstdio>
+#include <ctime>
 #include <memory>
 
 using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
 
 namespace quillmere {
 
@@ -92,6 +97,77 @@ int useLockedStore()
 {
     say(keyring::stores("account", "kept") && keyring::locks() ? "locked: yes" : "locked: no");
     return useStore(true);
+}
+
+// Turns the event loop so many times while the reads have no answer; false if one has, or if the loop stands still.
+bool turnsUnanswered(const QList<Read> &reads)
+{
+    int turns = 0;
+    QTimer ticker;
+    QObject::connect(&ticker, &QTimer::timeout, [&] { ++turns; });
+    ticker.start(0);
+    return QTest::qWaitFor([&] { return turns >= 500; }, 30'000)
+        && std::none_of(reads.cbegin(), reads.cend(), [](const Read &read) { return read.isAnswered(); });
+}
+
+// "--slow": a keyring that takes its time over everything, and then does it in order.
+int useSlowKeyring()
+{
+    LibsecretStore store;
+    store.save(u"old"_s, u"account"_s);
+    say("at first: " + Read(store, u"account"_s).answer().toUtf8());
+    const keyring::Process keyring;
+    say(keyring.stops() ? "stopped" : "not stopped");
+    QList<Read> reads;
+    reads.append(Read(store, u"account"_s));
+    store.save(u"new"_s, u"account"_s);
+    reads.append(Read(store, u"account"_s));
+    store.remove(u"account"_s);
+    reads.append(Read(store, u"account"_s));
+    say(turnsUnanswered(reads) ? "event loop: free" : "event loop: blocked");
+    keyring.goesOn();
+    for (const Read &read : reads) {
+        say("then: " + read.answer().toUtf8());
+    }
+    return 0;
+}
+
+// "--dying": a keyring that dies amid a call and is started anew.
+int useDyingKeyring()
+{
+    LibsecretStore store;
+    store.save(u"kept"_s, u"account"_s);
+    say("at first: " + Read(store, u"account"_s).answer().toUtf8());
+    const keyring::Process keyring;
+    say(keyring.stops() ? "stopped" : "not stopped");
+    const Read read(store, u"account"_s);
+    say(turnsUnanswered({read}) ? "event loop: free" : "event loop: blocked");
+    say(keyring.dies() ? "died" : "lives");
+    say("in mid-call: " + read.answer().toUtf8());
+    // The bus starts another one for whoever asks, which is locked at first.
+    say("locked: " + Read(store, u"account"_s).answer().toUtf8());
+    say(keyring::unlocks() ? "unlocked" : "not unlocked");
+    say("again: " + Read(store, u"account"_s).answer().toUtf8());
+    store.save(u"new"_s, u"account"_s);
+    say("changed: " + Read(store, u"account"_s).answer().toUtf8());
+    return 0;
+}
+
+// "--unlocked-later": a keyring that is locked at first.
+int useKeyringUnlockedLater()
+{
+    LibsecretStore store;
+    store.save(u"kept"_s, u"account"_s);
+    say("at first: " + Read(store, u"account"_s).answer().toUtf8());
+    say(keyring::locks() ? "locked" : "not locked");
+    store.save(u"lost"_s, u"other account"_s);
+    say("locked: " + Read(store, u"account"_s).answer().toUtf8());
+    say(keyring::unlocks() ? "unlocked" : "not unlocked");
+    say("unlocked: " + Read(store, u"account"_s).answer().toUtf8());
+    say("unlocked, other: " + Read(store, u"other account"_s).answer().toUtf8());
+    store.remove(u"account"_s);
+    say("removed: " + Read(store, u"account"_s).answer().toUtf8());
+    return 0;
 }
 
 // "--silent-service": takes the Secret Service's name and never says a word.
@@ -220,6 +296,20 @@ private:
 
     QString read() { return Read(*m_store, m_account).answer(); }
 
+    void has(int items, const std::string &bytes)
+    {
+        for (int number = 0; number < items; ++number) {
+            QVERIFY(keyring::storesBeside(m_account.toStdString(), bytes, number));
+        }
+    }
+
+    static std::chrono::nanoseconds timeOfThisThread()
+    {
+        timespec time{};
+        clock_gettime(CLOCK_THREAD_CPUTIME_ID, &time);
+        return std::chrono::seconds(time.tv_sec) + std::chrono::nanoseconds(time.tv_nsec);
+    }
+
 private slots:
     void init()
     {
@@ -345,6 +435,54 @@ private slots:
         QCOMPARE(read(), u"absent"_s);
     }
 
+    void replacesAnItemThatIsNoText()
+    {
+        QVERIFY(keyring::stores(m_account.toStdString(), "a\xff\xfe"));
+        m_store->save(u"text"_s, m_account);
+        QCOMPARE(read(), u"=text"_s);
+        QCOMPARE(keyring::itemCount(m_account.toStdString()), 1);
+    }
+
+    // In two collections.
+    void readsOneOfManyItems()
+    {
+        has(60, "one of many");
+        QCOMPARE(read(), u"=one of many"_s);
+        QCOMPARE(keyring::itemCount(m_account.toStdString()), 60);
+    }
+
+    void replacesManyItemsByOne()
+    {
+        has(60, "one of many");
+        m_store->save(u"the one"_s, m_account);
+        QCOMPARE(read(), u"=the one"_s);
+        QCOMPARE(keyring::itemCount(m_account.toStdString()), 1);
+    }
+
+    void removesManyItems()
+    {
+        has(60, "one of many");
+        m_store->remove(m_account);
+        QCOMPARE(read(), u"absent"_s);
+        QCOMPARE(keyring::itemCount(m_account.toStdString()), 0);
+    }
+
+    // Time of this thread's own, which a busy machine does not add to.
+    void takesNextToNoTimeOfTheCallingThread()
+    {
+        has(60, "one of many");
+        std::chrono::nanoseconds longest{};
+        for (int i = 0; i < 100; ++i) {
+            const auto before = timeOfThisThread();
+            m_store->save(QString(20'000, u'x'), m_account);
+            const Read read(*m_store, m_account);
+            m_store->remove(m_account);
+            longest = std::max(longest, timeOfThisThread() - before);
+        }
+        QCOMPARE(read(), u"absent"_s);
+        QVERIFY2(longest < 16ms, qPrintable(u"%1 ms"_s.arg(double(longest.count()) / 1e6)));
+    }
+
     // Surroundings that do not work
 
     void withoutABusAllIsAbsent()
@@ -372,6 +510,27 @@ private slots:
             QByteArrayList({"event loop: free", "before the end: unanswered", "end: prompt", "after the end: absent"}));
     }
 
+    void aSlowKeyringHoldsUpNobody()
+    {
+        QCOMPARE(Child(u"--slow"_s).lines(),
+            QByteArrayList(
+                {"at first: =old", "stopped", "event loop: free", "then: =old", "then: =new", "then: absent"}));
+    }
+
+    void aKeyringThatDiesAmidACallIsAbsentUntilItIsStartedAnew()
+    {
+        QCOMPARE(Child(u"--dying"_s).lines(),
+            QByteArrayList({"at first: =kept", "stopped", "event loop: free", "died", "in mid-call: absent",
+                "locked: absent", "unlocked", "again: =kept", "changed: =new"}));
+    }
+
+    void aKeyringThatIsUnlockedLaterGivesWhatItHolds()
+    {
+        QCOMPARE(Child(u"--unlocked-later"_s).lines(),
+            QByteArrayList({"at first: =kept", "locked", "locked: absent", "unlocked", "unlocked: =kept",
+                "unlocked, other: absent", "removed: absent"}));
+    }
+
     void outlivesTheBus()
     {
         BareBus bus;
@@ -395,6 +554,15 @@ int main(int argc, char *argv[])
     }
     if (mode == "--locked") {
         return quillmere::useLockedStore();
+    }
+    if (mode == "--slow") {
+        return quillmere::useSlowKeyring();
+    }
+    if (mode == "--dying") {
+        return quillmere::useDyingKeyring();
+    }
+    if (mode == "--unlocked-later") {
+        return quillmere::useKeyringUnlockedLater();
     }
     if (mode == "--silent-service") {
         return quillmere::keepSilent();
