@@ -149,7 +149,8 @@ QCoro::Task<std::optional<QByteArray>> QuillmereAPIClient::authorization()
         co_return std::nullopt;
     }
     const auto token = co_await m_session->accessToken();
-    if (!token) {
+    // One with a line end or a NUL in it would forge headers. The service takes a request without any for what it is.
+    if (!token || token->contains(u'\r') || token->contains(u'\n') || token->contains(u'\0')) {
         co_return std::nullopt;
     }
     co_return "Bearer " + token->toUtf8();

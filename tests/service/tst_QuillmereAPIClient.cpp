@@ -129,6 +129,25 @@ private slots:
         QCOMPARE(request.body, QByteArray());
     }
 
+    void sendsNoTokenThatWouldForgeAHeader_data()
+    {
+        QTest::addColumn<QString>("token");
+        QTest::newRow("CR LF") << u"a\r\nX-Forged: 1"_s;
+        QTest::newRow("LF") << u"a\nX-Forged: 1"_s;
+        QTest::newRow("CR") << u"a\rX-Forged: 1"_s;
+        QTest::newRow("NUL") << u"a\0b"_s;
+    }
+    void sendsNoTokenThatWouldForgeAHeader()
+    {
+        QFETCH(QString, token);
+        session.token = token;
+        QVERIFY(!*Ended(client().getCurrentUser()));
+        QCOMPARE(world->service.requests().size(), 1);
+        const auto request = world->service.requests().constFirst();
+        QVERIFY(!request.hasHeader("X-Forged"));
+        QVERIFY(!request.hasHeader("Authorization"));
+    }
+
     void decodesEachReply()
     {
         session.token = world->service.signsIn(u"ada@example.org"_s);
