@@ -25,7 +25,7 @@ struct VersionReply {
     QString version;
     QString webDownloadUrl;
 
-    static constexpr bool decodableOnly = true;
+    [[maybe_unused]] static constexpr bool decodableOnly = true;
     static constexpr auto fields()
     {
         return std::tuple{

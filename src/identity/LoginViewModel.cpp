@@ -2,6 +2,7 @@
 
 #include "identity/AuthError.h"
 #include "identity/AuthManager.h"
+#include "identity/DataUrl.h"
 #include "identity/LoginRecords.h"
 #include "platform/BrowserSession.h"
 #include "platform/Environment.h"
@@ -46,20 +47,6 @@ Failure failureOf(const QByteArray &body)
         return failure(AuthError::serverError, told->error);
     }
     return failure(AuthError::networkError);
-}
-
-// RFC 4648, section 4, with its padding and nothing else around it.
-std::optional<QByteArray> decodeBase64(const QString &text)
-{
-    const QByteArray encoded = text.toUtf8();
-    if (encoded.size() % 4 != 0) {
-        return {};
-    }
-    const auto decoded = QByteArray::fromBase64Encoding(encoded, QByteArray::AbortOnBase64DecodingErrors);
-    if (!decoded) {
-        return {};
-    }
-    return *decoded;
 }
 
 // The value of the first item of that name in a query as it stands in a URL. An item without "=" has no value.
@@ -173,10 +160,8 @@ QCoro::Task<> LoginViewModel::sendEmail()
 void LoginViewModel::takeSetup(const std::optional<QString> &qrCode, const std::optional<QString> &secret)
 {
     publish(m_totpSecret, secret.value_or(QString()), u"totpSecret"_s, &LoginViewModel::totpSecretChanged);
-    const auto url = qrCode ? parseUrl(*qrCode) : std::nullopt;
-    if (url && url->scheme() == u"data"_s && qrCode->contains(u',')) {
-        const QString encoded = qrCode->mid(qrCode->indexOf(u',') + 1);
-        publish(m_qrCodeData, decodeBase64(encoded), u"qrCodeData"_s, &LoginViewModel::qrCodeDataChanged);
+    if (qrCode && isDataUrl(*qrCode)) {
+        publish(m_qrCodeData, contentOfDataUrl(*qrCode), u"qrCodeData"_s, &LoginViewModel::qrCodeDataChanged);
     }
 }
 

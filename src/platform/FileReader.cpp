@@ -80,7 +80,7 @@ QCoro::Task<Result<QByteArray>> readFile(QUrl file)
     }
     // Not within the co_await: g++ 12 destroys what a closure there captured once more than it was made.
     QFuture<Result<QByteArray>> reading = QtConcurrent::run(read, pathOf(file));
-    co_await qCoro(reading).waitForFinished();
+    static_cast<void>(co_await qCoro(reading).waitForFinished());
     co_return reading.takeResult();
 }
 

@@ -4,8 +4,8 @@
 #include "platform/Http.h"
 #include "platform/Urls.h"
 #include "service/APIError.h"
+#include "service/UploadForm.h"
 
-#include <QCoreApplication>
 #include <QUuid>
 
 using namespace Qt::StringLiterals;
@@ -70,21 +70,15 @@ QCoro::Task<Result<DatasetInfo>> QuillmereAPIClient::uploadDataset(
     if (!url) {
         co_return failure(APIError::invalidURL);
     }
-    if (filename.contains(u'\r') || filename.contains(u'\n') || filename.contains(u'\0')) {
-        co_return Failure(
-            Failure::Kind::Encoding, QCoreApplication::translate("QuillmereAPIClient", "Invalid file name"));
-    }
     const QByteArray boundary = QUuid::createUuid().toByteArray(QUuid::WithoutBraces).toUpper();
-    HttpRequest request{"POST", *url, {{"Content-Type", "multipart/form-data; boundary=" + boundary}}, {}};
+    auto form = UploadForm::make(filename, std::move(fileData), boundary);
+    if (!form) {
+        co_return form.failure();
+    }
+    HttpRequest request{"POST", *url, {{"Content-Type", form->contentType}}, std::move(form->body)};
     if (const auto token = co_await authorization()) {
         request.headers.append({"Authorization", *token});
     }
-    request.body = {
-        "--" + boundary + "\r\nContent-Disposition: form-data; name=\"file\"; filename=\"" + filename.toUtf8()
-            + "\"\r\nContent-Type: application/octet-stream\r\n\r\n",
-        std::move(fileData),
-        "\r\n--" + boundary + "--\r\n",
-    };
     const auto response = co_await HttpSession::shared().send(std::move(request));
     if (!response) {
         co_return response.failure();
