@@ -494,6 +494,9 @@ private slots:
                 auto *label = m_window->text(labels.at(i), mark);
                 auto *number = m_window->text(QString::number(i + 1), mark);
                 auto *check = m_window->symbol(u"checkmark"_s, mark);
+                const auto *told = QAccessible::queryAccessibleInterface(mark);
+                QCOMPARE(told->text(QAccessible::Name), u"Step %1: %2"_s.arg(i + 1).arg(labels.at(i)));
+                QCOMPARE(told->text(QAccessible::Description), i == step ? u"Current"_s : i < step ? u"Done"_s : u""_s);
                 QCOMPARE(disc->size(), QSizeF(28, 28));
                 QVERIFY(eventually([&] { return colorOf(disc) == (i <= step ? blue : white(0.1)); }));
                 QCOMPARE(check != nullptr, i < step);

@@ -102,12 +102,17 @@ private slots:
         QCOMPARE(sections, (QStringList{u"GPU HEALTH"_s, u"SYSTEM LOAD"_s, u"TRAINING DYNAMICS"_s, u"MODEL HEALTH"_s}));
 
         QStringList names;
+        QStringList symbols;
         for (auto *gauge : gauges()) {
+            symbols.append(m_window->all(u"SymbolIcon"_s, gauge).value(0)->property("name").toString());
             names.append(QAccessible::queryAccessibleInterface(gauge)->text(QAccessible::Name));
         }
         QCOMPARE(names.join(u'|'),
             u"GPU Temp 65 °C|VRAM Usage 8 GB|GPU Load 45 %|Fan Speed 1200 RPM|CPU Util 32 %|Memory 12 GB|Disk I/O 450 "
             "MB/s|Network 25 MB/s|Throughput 3200 tok/s|Speed 4 it/s|Grad Norm 1|Confidence 88 %|Loss 0|Data Quality 92 Q"_s);
+        QCOMPARE(symbols.join(u'|'),
+            u"flame.fill|memorychip|bolt.fill|fanblades.fill|cpu.fill|memorychip.fill|internaldrive.fill|network|"
+            "text.append|hare.fill|function|checkmark.shield.fill|chart.line.downtrend.xyaxis|doc.text.magnifyingglass"_s);
     }
 
     void paintsGoodValuesRedWhereTheThresholdsFall()

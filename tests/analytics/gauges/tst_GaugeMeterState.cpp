@@ -150,6 +150,16 @@ private slots:
         QCOMPARE(gauge.currentValue(), 6.0);
     }
 
+    void isEmptyWhereNothingIsItsLargestValue()
+    {
+        GaugeMeterState gauge;
+        gauge.setMaxValue(0);
+        gauge.setValue(5);
+        gauge.appear();
+        QCOMPARE(gauge.currentValue(), 5.0);
+        QCOMPARE(gauge.fraction(), 0.0);
+    }
+
     void takesTheHigherColourAtAThreshold_data()
     {
         QTest::addColumn<GaugeThresholds>("thresholds");
