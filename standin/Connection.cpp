@@ -3,6 +3,7 @@
 #include <QTcpSocket>
 
 #include <algorithm>
+#include <sys/socket.h>
 
 using namespace Qt::StringLiterals;
 
@@ -13,7 +14,6 @@ constexpr qsizetype LongestHead = 64 * KiB;
 constexpr qint64 UnreadBytes =
     1024 * KiB; // what waits in the socket while nobody reads; then TCP holds the client back
 constexpr qint64 UnsentBytes = 1024 * KiB;
-constexpr qint64 FillerBlock = 64 * KiB;
 } // namespace
 
 Connection::Connection(QTcpSocket *socket, Service &service, QObject *parent)
@@ -152,7 +152,7 @@ void Connection::pump()
         if (m_sent < limit) {
             m_socket->write(m_delivery->bytes.sliced(m_sent, limit - m_sent));
             m_sent = limit;
-        } else if (m_sent == m_delivery->bytes.size()) {
+        } else if (m_sent == m_delivery->bytes.size() && m_delivery->holdAt < 0) {
             end();
         } else {
             return;
@@ -162,13 +162,14 @@ void Connection::pump()
 
 bool Connection::sendFiller()
 {
+    const QByteArray &block = m_delivery->fillerBlock;
     if (m_delivery->filler == Delivery::Endless) {
-        m_socket->write(QByteArray::number(FillerBlock, 16) + "\r\n" + QByteArray(FillerBlock, ' ') + "\r\n");
+        m_socket->write(block);
         return true;
     }
-    const qint64 size = std::min(m_delivery->filler, FillerBlock);
+    const qint64 size = std::min<qint64>(m_delivery->filler, block.size());
     if (size > 0)
-        m_socket->write(QByteArray(qsizetype(size), ' '));
+        m_socket->write(block.left(qsizetype(size)));
     m_delivery->filler -= size;
     return size > 0;
 }
@@ -178,12 +179,20 @@ void Connection::end()
     const Delivery::Then then = m_delivery->then;
     m_delivery.reset();
     m_service.sent();
-    if (then == Delivery::Then::Closes) {
-        m_readsNoMore = true;
-        m_socket->disconnectFromHost();
-    } else {
+    if (then == Delivery::Then::AwaitsNext) {
         QMetaObject::invokeMethod(this, &Connection::read, Qt::QueuedConnection);
+        return;
     }
+    m_readsNoMore = true;
+    if (then == Delivery::Then::Closes) {
+        m_socket->disconnectFromHost();
+        return;
+    }
+    // socket(7): a socket that does not linger at all tells its peer of a reset and not of an end.
+    const linger none{1, 0};
+    m_socket->flush();
+    ::setsockopt(int(m_socket->socketDescriptor()), SOL_SOCKET, SO_LINGER, &none, sizeof none);
+    m_socket->abort();
 }
 
 } // namespace standin

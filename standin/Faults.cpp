@@ -13,6 +13,8 @@ namespace standin {
 
 namespace {
 
+constexpr qint64 FillerBlock = 64 * KiB;
+
 bool covers(const QByteArray &route, const Request &request)
 {
     const QByteArray asked = request.method + ' ' + request.path();
@@ -116,6 +118,11 @@ QString orderFromJson(StandIn &service, const QByteArray &json)
         {u"closes_without_reply"_s, [](const StandIn::Route &route) { route.closesWithoutReply(); }},
         {u"cuts_connection"_s, [&](const StandIn::Route &route) { route.cutsConnection(number(u"bytes"_s)); }},
         {u"sends_raw"_s, [&](const StandIn::Route &route) { route.sendsRaw(bytes(u"body"_s)); }},
+        {u"sends_raw_and_hangs"_s, [&](const StandIn::Route &route) { route.sendsRawAndHangs(bytes(u"body"_s)); }},
+        {u"drips_raw"_s,
+            [&](const StandIn::Route &route) { route.dripsRaw(int(number(u"bytes"_s)), bytes(u"body"_s)); }},
+        {u"repeats_raw"_s, [&](const StandIn::Route &route) { route.repeatsRaw(bytes(u"body"_s), bytes(u"block"_s)); }},
+        {u"resets"_s, [&](const StandIn::Route &route) { route.resets(bytes(u"body"_s)); }},
         {u"sends_bad_chunk"_s, [](const StandIn::Route &route) { route.sendsBadChunk(); }},
         {u"sends_huge_body"_s, [&](const StandIn::Route &route) { route.sendsHugeBody(number(u"bytes"_s)); }},
         {u"sends_endless_body"_s, [](const StandIn::Route &route) { route.sendsEndlessBody(); }},
@@ -136,8 +143,10 @@ QString orderFromJson(StandIn &service, const QByteArray &json)
         return u"unknown kind of fault: "_s + kind;
     if ((kind == u"answers" || kind == u"redirects") && (number(u"status"_s) < 200 || number(u"status"_s) > 599))
         return u"status must be a number from 200 to 599"_s;
-    if (kind == u"drips" && number(u"bytes"_s) < 1)
+    if ((kind == u"drips" || kind == u"drips_raw") && number(u"bytes"_s) < 1)
         return u"bytes must be a number above 0"_s;
+    if (kind == u"repeats_raw" && bytes(u"block"_s).isEmpty())
+        return u"block must not be empty"_s;
     verbs[kind](service.on(route, int(order[u"times"_s].toInteger(StandIn::Always))));
     return {};
 }
@@ -146,6 +155,7 @@ QString orderFromJson(StandIn &service, const QByteArray &json)
 
 using standin::Delivery;
 using standin::Fault;
+using standin::FillerBlock;
 using standin::Reply;
 
 void StandIn::Route::order(Fault fault) const
@@ -214,6 +224,40 @@ void StandIn::Route::sendsRaw(const QByteArray &bytes) const
         .replaces = true});
 }
 
+void StandIn::Route::sendsRawAndHangs(const QByteArray &bytes) const
+{
+    order({.bend =
+               [bytes](const Reply &) {
+                   return Delivery{.bytes = bytes, .holdAt = bytes.size(), .then = Delivery::Then::Closes};
+               },
+        .replaces = true});
+}
+
+void StandIn::Route::dripsRaw(int bytesPerStep, const QByteArray &bytes) const
+{
+    order({.bend =
+               [bytesPerStep, bytes](const Reply &) {
+                   return Delivery{.bytes = bytes, .step = bytesPerStep, .then = Delivery::Then::Closes};
+               },
+        .replaces = true});
+}
+
+void StandIn::Route::repeatsRaw(const QByteArray &lead, const QByteArray &block) const
+{
+    order({.bend =
+               [lead, block](const Reply &) {
+                   return Delivery{
+                       .bytes = lead, .fillerAt = lead.size(), .fillerBlock = block, .filler = Delivery::Endless};
+               },
+        .replaces = true});
+}
+
+void StandIn::Route::resets(const QByteArray &bytes) const
+{
+    order({.bend = [bytes](const Reply &) { return Delivery{.bytes = bytes, .then = Delivery::Then::Resets}; },
+        .replaces = true});
+}
+
 void StandIn::Route::sendsBadChunk() const
 {
     order({.bend = [](const Reply &reply) {
@@ -229,7 +273,10 @@ void StandIn::Route::sendsHugeBody(qint64 bytes) const
     order({.bend = [bytes](const Reply &reply) {
         const qint64 blanks = std::max<qint64>(0, bytes - reply.body.size());
         const QByteArray head = headOf(reply, blanks + reply.body.size(), false);
-        return Delivery{.bytes = head + reply.body, .fillerAt = head.size(), .filler = blanks};
+        return Delivery{.bytes = head + reply.body,
+            .fillerAt = head.size(),
+            .fillerBlock = QByteArray(FillerBlock, ' '),
+            .filler = blanks};
     }});
 }
 
@@ -237,7 +284,8 @@ void StandIn::Route::sendsEndlessBody() const
 {
     order({.bend = [](const Reply &reply) {
         const QByteArray head = headOf(reply, {}, false);
-        return Delivery{.bytes = head, .fillerAt = head.size(), .filler = Delivery::Endless};
+        const QByteArray chunk = QByteArray::number(FillerBlock, 16) + "\r\n" + QByteArray(FillerBlock, ' ') + "\r\n";
+        return Delivery{.bytes = head, .fillerAt = head.size(), .fillerBlock = chunk, .filler = Delivery::Endless};
     }});
 }
 

@@ -8,14 +8,15 @@ namespace standin {
 
 /// How a reply goes onto the wire.
 struct Delivery {
-    enum class Then { AwaitsNext, Closes };
+    enum class Then { AwaitsNext, Closes, Resets };
     static constexpr qint64 Endless = -1;
 
     QByteArray bytes;
-    qsizetype holdAt = -1;  ///< how many bytes go out before it waits to be released; -1: does not wait
-    qsizetype step = 0;     ///< bytes for every drip; 0: as fast as they go
-    qsizetype fillerAt = 0; ///< where blanks are put in
-    qint64 filler = 0;      ///< how many; Endless sends them in chunks
+    qsizetype holdAt = -1;       ///< how many bytes go out before it waits to be released; -1: does not wait
+    qsizetype step = 0;          ///< bytes for every drip; 0: as fast as they go
+    qsizetype fillerAt = 0;      ///< where the filler is put in
+    QByteArray fillerBlock = {}; ///< what it repeats
+    qint64 filler = 0;           ///< how many bytes of it, or Endless
     Then then = Then::AwaitsNext;
 
     static Delivery of(const Reply &reply, bool closes = false);

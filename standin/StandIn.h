@@ -160,11 +160,15 @@ public:
     void hangsAfterHeaders() const;     ///< until `release()`
     void drips(int bytesPerStep) const; ///< the whole reply, its head included, by `drip()`
     void closesWithoutReply() const;
-    void cutsConnection(qint64 afterBytes) const; ///< after so many bytes of the body, promising the whole
-    void sendsRaw(const QByteArray &bytes) const; ///< these bytes instead of a reply, then the connection ends
-    void sendsBadChunk() const;                   ///< a good chunk, then a chunk length that is no number
-    void sendsHugeBody(qint64 bytes) const;       ///< the reply led by so many blanks that its body has this size
-    void sendsEndlessBody() const;                ///< blanks without end, as fast as the client takes them
+    void cutsConnection(qint64 afterBytes) const;         ///< after so many bytes of the body, promising the whole
+    void sendsRaw(const QByteArray &bytes) const;         ///< these bytes instead of a reply, then the connection ends
+    void sendsRawAndHangs(const QByteArray &bytes) const; ///< and then nothing until `release()`, which ends it
+    void dripsRaw(int bytesPerStep, const QByteArray &bytes) const;         ///< by `drip()`; then the connection ends
+    void repeatsRaw(const QByteArray &lead, const QByteArray &block) const; ///< the one and then the other without end
+    void resets(const QByteArray &bytes) const; ///< these bytes, then the connection is reset instead of ended
+    void sendsBadChunk() const;                 ///< a good chunk, then a chunk length that is no number
+    void sendsHugeBody(qint64 bytes) const;     ///< the reply led by so many blanks that its body has this size
+    void sendsEndlessBody() const;              ///< blanks without end, as fast as the client takes them
 
     void stopsReading(qint64 afterBytes) const; ///< takes no more of the request's body and stays silent
     void cutsRequest(qint64 afterBytes) const;  ///< ends the connection amid the request's body

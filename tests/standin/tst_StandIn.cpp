@@ -14,6 +14,11 @@
 #include <QRegularExpression>
 #include <QSignalSpy>
 
+#include <cerrno>
+#include <netinet/in.h>
+#include <sys/socket.h>
+#include <unistd.h>
+
 using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
 
@@ -825,6 +830,68 @@ private slots:
         QCOMPARE(client.received(), "HTTP/1.1 banana");
     }
 
+    void sendsRawBytesAndHangsUntilReleased()
+    {
+        m_service->on("GET /v1/models").sendsRawAndHangs("HTTP/1.1 ban");
+        WireClient client(*m_service);
+        client.send(requestBytes("GET", "/v1/models"));
+        QVERIFY(client.receives("ban"));
+        QCOMPARE(get("/api/downloads/version").status, 200);
+        QVERIFY(client.isOpen());
+        QCOMPARE(client.received(), "HTTP/1.1 ban");
+        m_service->release();
+        QVERIFY(client.seesTheEnd());
+        QCOMPARE(client.received(), "HTTP/1.1 ban");
+    }
+
+    void dripsRawBytes()
+    {
+        QSignalSpy received(m_service.get(), &StandIn::requestReceived);
+        m_service->on("GET /v1/models").dripsRaw(4, "banana");
+        WireClient client(*m_service);
+        client.send(requestBytes("GET", "/v1/models"));
+        QVERIFY(received.wait());
+        QVERIFY(m_service->drip());
+        QVERIFY(client.receives("bana"));
+        QCOMPARE(client.received(), "bana");
+        QVERIFY(m_service->drip());
+        QVERIFY(client.seesTheEnd());
+        QCOMPARE(client.received(), "banana");
+    }
+
+    void repeatsRawBytesWithoutEnd()
+    {
+        m_service->on("GET /v1/models").repeatsRaw("HTTP/1.1 ", "banana");
+        WireClient client(*m_service);
+        client.send(requestBytes("GET", "/v1/models"));
+        QVERIFY(client.receivesMoreThan(1'000'000));
+        QVERIFY(client.received().startsWith("HTTP/1.1 bananabanana"));
+        client.closes();
+        QVERIFY(losesItsClients());
+    }
+
+    void resetsTheConnection()
+    {
+        m_service->on("GET /v1/models").resets("HTTP/1.1 ban");
+        QSignalSpy closed(m_service.get(), &StandIn::connectionClosed);
+        // Qt's sockets take a reset for an ordinary end.
+        const int client = ::socket(AF_INET, SOCK_STREAM, 0);
+        sockaddr_in address = {};
+        address.sin_family = AF_INET;
+        address.sin_port = htons(m_service->port());
+        address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
+        QCOMPARE(::connect(client, reinterpret_cast<const sockaddr *>(&address), sizeof address), 0);
+        const QByteArray request = requestBytes("GET", "/v1/models");
+        QCOMPARE(qsizetype(::send(client, request.constData(), size_t(request.size()), 0)), request.size());
+        QVERIFY(closed.wait());
+        char bytes[100];
+        QCOMPARE(::recv(client, bytes, sizeof bytes, 0), ssize_t(12));
+        QCOMPARE(QByteArray(bytes, 12), "HTTP/1.1 ban");
+        QCOMPARE(::recv(client, bytes, sizeof bytes, 0), ssize_t(-1));
+        QCOMPARE(errno, ECONNRESET);
+        ::close(client);
+    }
+
     void sendsABadChunk()
     {
         m_service->on("GET /v1/models").sendsBadChunk();
@@ -952,6 +1019,8 @@ private slots:
         QTest::newRow("closes_without_reply") << QByteArray(R"("closes_without_reply")") << QByteArray();
         QTest::newRow("cuts_connection") << QByteArray(R"("cuts_connection","bytes":3)") << head;
         QTest::newRow("sends_raw") << QByteArray(R"("sends_raw","body":"raw")") << QByteArray("raw");
+        QTest::newRow("drips_raw") << QByteArray(R"("drips_raw","body":"raw","bytes":2)") << QByteArray("raw");
+        QTest::newRow("resets") << QByteArray(R"("resets")") << QByteArray();
         QTest::newRow("sends_bad_chunk") << QByteArray(R"("sends_bad_chunk")") << head;
         QTest::newRow("sends_huge_body") << QByteArray(R"("sends_huge_body","bytes":1000)") << head;
         QTest::newRow("cuts_request") << QByteArray(R"("cuts_request","bytes":0)") << QByteArray();
@@ -1006,13 +1075,34 @@ private slots:
         QCOMPARE(get("/api/downloads/version").status, 200);
     }
 
+    void takesOrdersToStreamWithoutEnd_data()
+    {
+        QTest::addColumn<QByteArray>("order");
+        QTest::newRow("a body") << QByteArray(R"("sends_endless_body")");
+        QTest::newRow("these bytes") << QByteArray(R"("repeats_raw","body":"a","block":"b")");
+    }
     void takesOrdersToStreamWithoutEnd()
     {
+        QFETCH(QByteArray, order);
         m_service->takesFaultsOverHttp();
-        post("/standin/faults", R"({"route":"GET /v1/models","kind":"sends_endless_body"})");
+        QCOMPARE(post("/standin/faults", R"({"route":"GET /v1/models","kind":)" + order + '}').status, 204);
         WireClient client(*m_service);
         client.send(requestBytes("GET", "/v1/models"));
         QVERIFY(client.receivesMoreThan(1'000'000));
+    }
+
+    void takesOrdersToHangAfterSomeBytes()
+    {
+        m_service->takesFaultsOverHttp();
+        const QByteArray order = R"({"route":"GET /v1/models","kind":"sends_raw_and_hangs","body":"raw"})";
+        QCOMPARE(post("/standin/faults", order).status, 204);
+        WireClient client(*m_service);
+        client.send(requestBytes("GET", "/v1/models"));
+        QVERIFY(client.receives("raw"));
+        QVERIFY(client.isOpen());
+        QCOMPARE(ask(*m_service, "DELETE", "/standin/faults").status, 204);
+        QVERIFY(client.seesTheEnd());
+        QCOMPARE(client.received(), "raw");
     }
 
     void takesOrdersToStopReading()
@@ -1035,6 +1125,7 @@ private slots:
         QTest::newRow("no path") << QByteArray(R"({"route":"GET","kind":"answers","status":500})");
         QTest::newRow("unknown kind") << QByteArray(R"({"route":"GET /v1/models","kind":"explodes"})");
         QTest::newRow("no status") << QByteArray(R"({"route":"GET /v1/models","kind":"answers"})");
+        QTest::newRow("nothing to repeat") << QByteArray(R"({"route":"GET /v1/models","kind":"repeats_raw"})");
         QTest::newRow("no bytes to drip") << QByteArray(R"({"route":"GET /v1/models","kind":"drips"})");
     }
     void refusesOrdersThatItDoesNotUnderstand()
