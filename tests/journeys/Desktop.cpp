@@ -57,6 +57,14 @@ qint64 activeProcess()
     return process.readAllStandardOutput().trimmed().toLongLong();
 }
 
+int windowCount(const QString &windowClass)
+{
+    QProcess process;
+    process.start(u"xdotool"_s, {u"search"_s, u"--onlyvisible"_s, u"--class"_s, windowClass});
+    process.waitForFinished(20'000);
+    return int(process.readAllStandardOutput().count('\n'));
+}
+
 bool setBrowser(const QString &command, const QString &dataFolder, const QString &configFolder)
 {
     return write(dataFolder + u"/applications"_s, u"journey-browser.desktop"_s,

@@ -17,6 +17,9 @@ bool activate(quintptr window);
 // The process whose window takes the keys; 0 when there is none.
 qint64 activeProcess();
 
+// How many windows show that have this class, which is the identifier of their program.
+int windowCount(const QString &windowClass);
+
 // Makes a command the browser of whoever has these folders as XDG_DATA_HOME and XDG_CONFIG_HOME. `command` is one path without
 // blanks.
 bool setBrowser(const QString &command, const QString &dataFolder, const QString &configFolder);
