@@ -4,6 +4,7 @@
 
 #include <QAccessible>
 #include <QCoreApplication>
+#include <QDir>
 #include <QWheelEvent>
 
 #include <array>
@@ -51,8 +52,11 @@ bool isForPressing(const QQuickItem *item)
 } // namespace
 
 Monkey::Monkey(quint32 seed, QQuickWindow &window, PlatformEnvironment &world)
-    : m_draws(seed), m_window(window), m_world(world)
+    : m_draws(seed), m_window(window), m_world(world), m_file(QDir::tempPath() + u"/XXXXXX.jsonl"_s)
 {
+    m_file.open();
+    m_file.write(R"({"prompt": "Who are you?", "completion": "A model."})");
+    m_file.close();
 }
 
 void Monkey::act()
@@ -201,7 +205,7 @@ void Monkey::answerThePicker()
 {
     if (draw(2) == 0) {
         note(u"picks a file"_s);
-        m_world.filePicker.picks(QCoreApplication::applicationFilePath() + u".jsonl"_s);
+        m_world.filePicker.picks(m_file.fileName());
     } else {
         note(u"picks no file"_s);
         m_world.filePicker.answers(QList<QUrl>());

@@ -3,10 +3,10 @@
 #include "support/PlatformEnvironment.h"
 
 #include <QPoint>
-#include <QPointingDevice>
 #include <QQuickWindow>
 #include <QRandomGenerator>
 #include <QStringList>
+#include <QTemporaryFile>
 
 namespace quillmere::testing {
 
@@ -43,6 +43,7 @@ private:
     QRandomGenerator m_draws;
     QQuickWindow &m_window;
     PlatformEnvironment &m_world;
+    QTemporaryFile m_file; // what it uploads
     QStringList m_acts;
 };
 

@@ -265,7 +265,9 @@ private:
     void staysFlat()
     {
         qInfo("%s", qPrintable(m_memory->story()));
-        const QString complaint = m_memory->complaint(1'000'000, 4'000'000);
+        // A taste ends before all caches are warm; what a whole screen leaves behind shows in it all the same.
+        const QString complaint =
+            isFull() ? m_memory->complaint(1'000'000, 4'000'000) : m_memory->complaint(3'000'000, 8'000'000);
         QVERIFY2(complaint.isEmpty(), qPrintable(complaint));
     }
 

@@ -391,6 +391,8 @@ private slots:
         // 16 within the stroke.
         QCOMPARE(lefts.constFirst(), 24 + 1 + 16.0);
 
+        // The last row is round where the table is, within its stroke.
+        QCOMPARE(rows().last()->property("cornerRadius").toInt(), 7);
         // Each cell stands below its title.
         for (const auto *row : rows()) {
             QCOMPARE(placeOf(row).width(), registry->width() - 2);

@@ -507,6 +507,8 @@ private slots:
         for (int i = 0; i < cards.size(); ++i) {
             const auto *card = cards[i];
             QCOMPARE(properties(card, {"title", "description", "vram", "speed"}), methods[i]);
+            QCOMPARE(
+                QAccessible::queryAccessibleInterface(cards[i])->text(QAccessible::Name), methods[i].join(u", "_s));
             // Bare, with no label.
             QCOMPARE(m_window->texts(card).size(), 4);
             QCOMPARE(fontOf(text(methods[i][0], card)), u"Inter 14 500"_s);
