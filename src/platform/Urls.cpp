@@ -1,5 +1,7 @@
 #include "platform/Urls.h"
 
+#include <QRegularExpression>
+
 #include <algorithm>
 
 using namespace Qt::StringLiterals;
@@ -13,12 +15,19 @@ int effectivePort(const QUrl &url)
     return url.port(url.scheme() == u"https"_s ? 443 : 80);
 }
 
+// QUrl overlooks a broken escape before a letter beyond ASCII, and then takes every other escape in the text for plain text too.
+bool hasBrokenEscape(const QString &text)
+{
+    static const QRegularExpression broken(u"%(?![0-9A-Fa-f]{2})"_s);
+    return text.contains(broken);
+}
+
 } // namespace
 
 std::optional<QUrl> parseUrl(const QString &text)
 {
     const QUrl url(text, QUrl::StrictMode);
-    if (!url.isValid()) {
+    if (!url.isValid() || hasBrokenEscape(text)) {
         return {};
     }
     return url;

@@ -43,6 +43,7 @@ private slots:
         row("a blank in front", u" https://quillmere.example/"_s, false, false);
         row("a broken escape", u"https://quillmere.example/%zz"_s, false, false);
         row("half an escape", u"https://quillmere.example/%2"_s, false, false);
+        row("half an escape before a letter beyond ASCII", u"com.quillmere.studio:#a=b%20c&d=%2\u0414"_s, false, false);
         row("a line's end", u"https://quillmere.example/\r\nX: y"_s, false, false);
         row("a NUL", u"https://quillmere.example/"_s + QChar(0), false, false);
         row("quotes", u"https://quillmere.example/\"x\""_s, false, false);
