@@ -39,7 +39,7 @@ std::optional<QString> valueOf(const QByteArray &items, const QByteArray &name)
 {
     for (const QByteArray &item : items.split('&')) {
         const qsizetype equals = item.indexOf('=');
-        if (QByteArray::fromPercentEncoding(item.left(equals)) == name) {
+        if (QByteArray::fromPercentEncoding(equals < 0 ? item : item.left(equals)) == name) {
             return equals < 0 ? std::nullopt
                               : std::optional(QString::fromUtf8(QByteArray::fromPercentEncoding(item.mid(equals + 1))));
         }

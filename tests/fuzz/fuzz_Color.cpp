@@ -15,7 +15,8 @@ void feed(const QByteArray &input)
     const QColor color = Color::hex(text);
     HOLDS(color.isValid() && color.spec() == QColor::Rgb);
     HOLDS(Color::hex(u"# "_s + text + u"\n;"_s) == color);
-    HOLDS(Color::hex(text.toUpper()) == color || text.toUpper().size() != text.size());
+    // The case of the letters A to Z, and of no others.
+    HOLDS(Color::hex(QString::fromUtf8(input.toUpper())) == color);
 
     static const QRegularExpression hexadecimal(u"\\A[0-9A-Fa-f]+\\z"_s);
     const bool isTold =
