@@ -24,7 +24,7 @@ Rectangle {
 
         Behavior on entrance {
             NumberAnimation {
-                duration: Motion.milliseconds(0.8)
+                duration: Motion.entrance
                 easing.type: Easing.OutQuad
             }
         }

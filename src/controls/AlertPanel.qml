@@ -35,7 +35,7 @@ T.Popup {
             property: "opacity"
             from: 0
             to: 1
-            duration: Motion.milliseconds(0.15)
+            duration: Motion.brief
         }
     }
 

@@ -32,7 +32,7 @@ T.Popup {
             property: "opacity"
             from: 0
             to: 1
-            duration: Motion.milliseconds(0.12)
+            duration: Motion.popup
         }
     }
 
@@ -40,7 +40,7 @@ T.Popup {
         NumberAnimation {
             property: "opacity"
             to: 0
-            duration: Motion.milliseconds(0.12)
+            duration: Motion.popup
         }
     }
 

@@ -48,7 +48,7 @@ Item {
 
         Behavior on color {
             ColorAnimation {
-                duration: Motion.milliseconds(0.15)
+                duration: Motion.brief
             }
         }
 
@@ -64,7 +64,7 @@ Item {
 
             Behavior on x {
                 NumberAnimation {
-                    duration: Motion.milliseconds(0.15)
+                    duration: Motion.brief
                     easing.type: Easing.InOutQuad
                 }
             }

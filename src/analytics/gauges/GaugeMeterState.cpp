@@ -87,7 +87,7 @@ void GaugeMeterState::glide(double seconds)
         // While it is set up anew it tells values of neither the old way nor the new one.
         const QSignalBlocker quiet(m_way);
         m_way.stop();
-        m_way.setDuration(Motion::milliseconds(seconds));
+        m_way.setDuration(Motion::ofData(seconds));
         m_way.setStartValue(m_currentValue);
         m_way.setEndValue(m_value);
     }

@@ -27,8 +27,8 @@ Item {
 
     Behavior on scale {
         NumberAnimation {
-            duration: Motion.springDuration(0.3, 0.7)
-            easing: Motion.spring(0.3, 0.7)
+            duration: Motion.hover
+            easing: Motion.hoverSpring
         }
     }
 

@@ -35,7 +35,7 @@ void RollingNumber::setText(const QString &text)
     m_text = text;
     layOut();
     m_roll.stop();
-    m_roll.setDuration(m_before.isEmpty() ? 0 : Motion::milliseconds(duration));
+    m_roll.setDuration(m_before.isEmpty() ? 0 : Motion::ofData(duration));
     m_roll.start();
     update();
     emit textChanged();

@@ -1,6 +1,7 @@
 #include "app/theme/Motion.h"
 
 #include "platform/Environment.h"
+#include "platform/MotionPreference.h"
 
 #include <QPointF>
 
@@ -40,14 +41,24 @@ struct Spring {
 
 } // namespace
 
-int Motion::milliseconds(double seconds)
+Motion::Motion(QObject *parent) : QObject(parent)
+{
+    connect(&MotionPreference::shared(), &MotionPreference::changed, this, &Motion::changed);
+}
+
+int Motion::ofInterface(double seconds)
+{
+    return MotionPreference::shared().isReduced() ? 0 : ofData(seconds);
+}
+
+int Motion::ofData(double seconds)
 {
     return Environment::current().animations ? int(std::lround(seconds * 1000)) : 0;
 }
 
-int Motion::springDuration(double response, double damping)
+double Motion::settlingTime(double response, double damping)
 {
-    return milliseconds(Spring::of(response, damping).settled());
+    return Spring::of(response, damping).settled();
 }
 
 QEasingCurve Motion::spring(double response, double damping)

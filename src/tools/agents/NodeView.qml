@@ -40,8 +40,8 @@ ButtonBase {
 
     Behavior on scale {
         NumberAnimation {
-            duration: Motion.springDuration(0.3, 0.7)
-            easing: Motion.spring(0.3, 0.7)
+            duration: Motion.hover
+            easing: Motion.hoverSpring
         }
     }
 

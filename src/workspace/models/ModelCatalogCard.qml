@@ -29,13 +29,14 @@ Card {
     Accessible.name: name
     Accessible.description: description
     Accessible.focusable: true
+    Accessible.onPressAction: download()
     Keys.onReturnPressed: download()
     Keys.onEnterPressed: download()
     Keys.onSpacePressed: download()
 
     Behavior on scale {
         NumberAnimation {
-            duration: Motion.milliseconds(0.15)
+            duration: Motion.brief
             easing.type: Easing.InOutQuad
         }
     }

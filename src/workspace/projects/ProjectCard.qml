@@ -25,7 +25,7 @@ Card {
 
     Behavior on scale {
         NumberAnimation {
-            duration: Motion.milliseconds(0.15)
+            duration: Motion.brief
             easing.type: Easing.InOutQuad
         }
     }

@@ -1,6 +1,11 @@
 #include "app/theme/Motion.h"
 #include "platform/Environment.h"
 
+#include <QDBusConnection>
+#include <QDBusVariant>
+#include <QProcess>
+#include <QSignalSpy>
+#include <QTemporaryFile>
 #include <QTest>
 
 #include <cmath>
@@ -34,20 +39,80 @@ double springAfter(double seconds, double response, double damping)
     return x;
 }
 
+// A desktop that asks for less motion.
+class Desktop : public QObject {
+    Q_OBJECT
+    Q_CLASSINFO("D-Bus Interface", "org.freedesktop.portal.Settings")
+
+public:
+    explicit Desktop(const QDBusConnection &bus) : m_bus(bus) { }
+
+    bool appears()
+    {
+        return m_bus.registerObject(path, this, QDBusConnection::ExportAllSlots)
+            && m_bus.registerService(u"org.freedesktop.portal.Desktop"_s);
+    }
+
+public slots:
+    QDBusVariant Read(const QString &, const QString &) { return QDBusVariant(QVariant::fromValue(QDBusVariant(1u))); }
+
+private:
+    const QString path = u"/org/freedesktop/portal/desktop"_s;
+    QDBusConnection m_bus;
+};
+
 } // namespace
 
 class tst_Motion : public QObject {
     Q_OBJECT
 
 private slots:
+    void initTestCase()
+    {
+        // A session bus that starts nobody: the machine may have a portal of its own.
+        QVERIFY(m_configuration.open());
+        m_configuration.write(
+            "<busconfig><type>session</type><listen>unix:tmpdir=/tmp</listen><policy context='default'>"
+            "<allow send_destination='*' eavesdrop='true'/><allow eavesdrop='true'/><allow "
+            "own='*'/></policy></busconfig>");
+        m_configuration.close();
+        m_bus.start(
+            u"dbus-daemon"_s, {u"--config-file="_s + m_configuration.fileName(), u"--nofork"_s, u"--print-address"_s});
+        QVERIFY(m_bus.waitForReadyRead(5000));
+        m_address = m_bus.readLine().trimmed();
+        qputenv("DBUS_SESSION_BUS_ADDRESS", m_address);
+    }
+    void cleanupTestCase()
+    {
+        m_bus.kill();
+        m_bus.waitForFinished();
+    }
+
+    void keepsToTheDataWhereTheDesktopAsksForLess()
+    {
+        Desktop desktop(QDBusConnection::connectToBus(QString::fromLatin1(m_address), u"desktop"_s));
+        QVERIFY(desktop.appears());
+        const Environment environment;
+        const Motion motion;
+        QSignalSpy changed(&motion, &Motion::changed);
+        QVERIFY(changed.wait());
+        QCOMPARE(Motion::standard(), 0);
+        QCOMPARE(Motion::brief(), 0);
+        QCOMPARE(Motion::popup(), 0);
+        QCOMPARE(Motion::entrance(), 0);
+        QCOMPARE(Motion::hover(), 0);
+        QCOMPARE(Motion::ofData(0.8), 800);
+    }
+
     void takesItsTime()
     {
         const Environment environment;
         QCOMPARE(Motion::standard(), 350);
-        QCOMPARE(Motion::milliseconds(0.8), 800);
-        QCOMPARE(Motion::milliseconds(0.0014), 1);
-        QCOMPARE(Motion::milliseconds(0), 0);
-        QVERIFY(Motion::springDuration(0.3, 0.7) > 0);
+        QCOMPARE(Motion::ofInterface(0.8), 800);
+        QCOMPARE(Motion::ofData(0.8), 800);
+        QCOMPARE(Motion::ofData(0.0014), 1);
+        QCOMPARE(Motion::ofData(0), 0);
+        QVERIFY(Motion::hover() > 0);
     }
 
     void arrivesAtOnceWithoutAnimations()
@@ -55,8 +120,9 @@ private slots:
         Environment environment;
         environment.animations = false;
         QCOMPARE(Motion::standard(), 0);
-        QCOMPARE(Motion::milliseconds(0.8), 0);
-        QCOMPARE(Motion::springDuration(0.3, 0.7), 0);
+        QCOMPARE(Motion::ofInterface(0.8), 0);
+        QCOMPARE(Motion::ofData(0.8), 0);
+        QCOMPARE(Motion::hover(), 0);
     }
 
     void movesLikeASpring_data()
@@ -73,7 +139,7 @@ private slots:
         QFETCH(double, response);
         QFETCH(double, damping);
         const Environment environment;
-        const double duration = Motion::springDuration(response, damping) / 1000.0;
+        const double duration = Motion::settlingTime(response, damping);
         const QEasingCurve curve = Motion::spring(response, damping);
         QCOMPARE(curve.valueForProgress(0), 0.0);
         QCOMPARE(curve.valueForProgress(1), 1.0);
@@ -102,6 +168,11 @@ private slots:
         QVERIFY(std::abs(highest(Motion::spring(0.5, 0.5)) - (1 + std::exp(-M_PI * 0.5 / std::sqrt(0.75)))) < 0.02);
         QVERIFY(highest(Motion::spring(0.5, 1)) <= 1.001);
     }
+
+private:
+    QTemporaryFile m_configuration;
+    QProcess m_bus;
+    QByteArray m_address;
 };
 
 } // namespace quillmere
