@@ -40,6 +40,7 @@ PlainButton {
             text: row.text
             font: Theme.system(14, row.isSelected ? Font.Medium : Font.Normal)
             color: row.tint
+            Accessible.ignored: true
         }
     }
 }

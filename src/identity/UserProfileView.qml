@@ -13,6 +13,7 @@ Rectangle {
     ScrollArea {
         anchors.fill: parent
         contentHeight: page.height + 80
+        Accessible.name: qsTr("Profile")
 
         Column {
             id: page

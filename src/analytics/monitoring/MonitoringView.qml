@@ -27,6 +27,7 @@ Rectangle {
         anchors.bottom: view.bottom
         width: view.width
         contentHeight: content.height + 48
+        Accessible.name: qsTr("Monitoring")
 
         Column {
             id: content

@@ -18,6 +18,7 @@ Rectangle {
         anchors.right: playground.left
         height: view.height
         contentHeight: page.height + 48
+        Accessible.name: qsTr("Deployment")
 
         Column {
             id: page

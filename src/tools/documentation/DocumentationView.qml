@@ -50,6 +50,7 @@ Rectangle {
         anchors.topMargin: 24
         anchors.bottom: parent.bottom
         contentHeight: page.height + 48
+        Accessible.name: DocCategories.title(view.selectedCategory)
 
         Loader {
             id: page

@@ -70,6 +70,7 @@ Rectangle {
         anchors.bottom: footer.top
         width: view.width
         contentHeight: step.height + 64
+        Accessible.name: wizard.steps[wizard.currentStep]
 
         // One of them shows.
         Column {

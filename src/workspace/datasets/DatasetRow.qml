@@ -112,7 +112,8 @@ DatasetColumns {
             size: 14
             color: Theme.textTertiary
             label: qsTr("Delete %1").arg(row.filename)
-            opacity: row.isHovered || activeFocus ? pressed ? pressedOpacity : 1 : 0
+            // Assistive programs know it all the time.
+            contentItem.opacity: row.isHovered || activeFocus ? 1 : 0
             onClicked: row.remove(visualFocus)
         }
     }

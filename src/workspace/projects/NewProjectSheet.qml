@@ -58,6 +58,7 @@ Item {
         anchors.bottom: lowerLine.top
         width: sheet.width
         contentHeight: fields.height + 48
+        Accessible.name: title.text
         // A description of five lines makes the form a little higher than its place; what grows is its end.
         onContentHeightChanged: contentY = Math.max(0, contentHeight - height)
 
