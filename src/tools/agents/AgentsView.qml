@@ -19,6 +19,15 @@ Rectangle {
     implicitHeight: 700
     clip: true
 
+    // Lets go of the selected node; the keyboard is at it then, and not in an inspector that is gone.
+    Keys.onEscapePressed: event => {
+        event.accepted = agents.hasSelectedNode;
+        if (event.accepted) {
+            canvas.focusNode(agents.selectedNodeId);
+            agents.selectNothing();
+        }
+    }
+
     Behavior on inspection {
         NumberAnimation {
             duration: Motion.standard
@@ -98,6 +107,8 @@ Rectangle {
         }
 
         WorkflowCanvasView {
+            id: canvas
+
             anchors.fill: parent
             agents: agents
         }

@@ -9,8 +9,32 @@ Item {
 
     required property AgentsState agents
 
+    // Brings the keyboard to a node.
+    function focusNode(identifier: string) {
+        for (let i = 0; i < nodes.count; ++i) {
+            const node = nodes.itemAt(i) as NodeView;
+            if (node.identifier === identifier) {
+                node.forceActiveFocus(Qt.TabFocusReason);
+            }
+        }
+    }
+
+    // From the node that has the keyboard to another one, in the order in which they came.
+    function walk(step: int) {
+        for (let i = 0; i < nodes.count; ++i) {
+            if (nodes.itemAt(i).activeFocus) {
+                nodes.itemAt(i + step)?.forceActiveFocus(Qt.TabFocusReason);
+                return;
+            }
+        }
+    }
+
     Accessible.role: Accessible.Pane
     Accessible.name: qsTr("Canvas")
+    Keys.onLeftPressed: walk(-1)
+    Keys.onUpPressed: walk(-1)
+    Keys.onRightPressed: walk(1)
+    Keys.onDownPressed: walk(1)
 
     MouseArea {
         anchors.fill: parent
@@ -30,6 +54,8 @@ Item {
         scale: canvas.agents.scale
 
         Repeater {
+            id: nodes
+
             model: canvas.agents.nodes
 
             NodeView {
