@@ -21,14 +21,10 @@ Window {
         anchors.fill: parent
     }
 
-    FileDialogSheet {}
-
-    AlertPanel {
-        visible: Alerts.isUp
-        title: Alerts.title
-        text: Alerts.text
-        buttons: Alerts.buttons
-        onAnswered: index => Alerts.answer(index)
+    // From the first of them on.
+    Loader {
+        active: FileDialog.isUp || Alerts.isUp || status === Loader.Ready
+        source: "WindowDialogs.qml"
     }
 
     TitleStrip {

@@ -15,12 +15,13 @@ Item {
         id: root
     }
 
+    // By address, so that nothing of either screen is loaded before it is the one to show.
     Loader {
         id: content
 
         anchors.fill: parent
         active: !view.showSplash
-        sourceComponent: AuthManager.isAuthenticated ? mainWindow : login
+        source: AuthManager.isAuthenticated ? "ContentView.qml" : "qrc:/qt/qml/Quillmere/Identity/LoginView.qml"
         opacity: view.showSplash ? 0 : 1
 
         Behavior on opacity {
@@ -29,18 +30,6 @@ Item {
                 easing.type: Easing.InOutQuad
             }
         }
-    }
-
-    Component {
-        id: mainWindow
-
-        ContentView {}
-    }
-
-    Component {
-        id: login
-
-        LoginView {}
     }
 
     Loader {

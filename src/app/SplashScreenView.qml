@@ -33,7 +33,7 @@ Rectangle {
             anchors.horizontalCenter: parent.horizontalCenter
             width: 140
             height: 140
-            source: "qrc:/logo/QuillmereLogo-280.png"
+            source: Screen.devicePixelRatio > 1 ? "qrc:/logo/QuillmereLogo-280.png" : "qrc:/logo/QuillmereLogo-140.png"
             smooth: true
             Accessible.ignored: true
         }

@@ -3,11 +3,48 @@
 #include "app/theme/Color.h"
 
 #include <QDirIterator>
+#include <QFile>
 #include <QFontDatabase>
+#include <QSet>
 
 using namespace Qt::StringLiterals;
 
 namespace quillmere {
+
+namespace {
+
+void registerFiles(const QString &pattern)
+{
+    for (QDirIterator files(u":/fonts"_s, {pattern}, QDir::Files); files.hasNext();) {
+        QFontDatabase::addApplicationFont(files.next());
+    }
+}
+
+QString fileOf(const QString &family, int weight)
+{
+    static const QHash<int, QString> styles{{QFont::Light, u"Light"_s}, {QFont::Normal, u"Regular"_s},
+        {QFont::Medium, u"Medium"_s}, {QFont::DemiBold, u"SemiBold"_s}, {QFont::Bold, u"Bold"_s},
+        {QFont::Black, u"Black"_s}};
+    return QString(family).remove(u' ') + u'-' + styles.value(weight);
+}
+
+// At the first use of a face, since the toolkit reads the whole file: all at once they took as many instructions before the first
+// frame as half an empty window does from its start.
+void makeKnown(const QString &family, int weight)
+{
+    static QSet<QString> known;
+    const QString file = fileOf(family, weight);
+    if (known.contains(file)) {
+        return;
+    }
+    known.insert(file);
+    const bool exists =
+        QFile::exists(u":/fonts/"_s + file + u".ttf"_s) || QFile::exists(u":/fonts/"_s + file + u".otf"_s);
+    // For a weight without a file the toolkit takes the nearest.
+    registerFiles(exists ? file + u".*"_s : QString(family).remove(u' ') + u"-*"_s);
+}
+
+} // namespace
 
 QColor Theme::background()
 {
@@ -120,6 +157,7 @@ QFont Theme::face(const QString &name, double size, int weight)
         const QString style = dash < 0 ? QString() : name.mid(dash + 1);
         weight = style == u"Light"_s ? QFont::Light : style == u"Medium"_s ? QFont::Medium : QFont::Normal;
     }
+    makeKnown(family, weight);
     QFont font(family);
     font.setPixelSize(qRound(size));
     font.setWeight(QFont::Weight(weight));
@@ -151,9 +189,7 @@ QFont Theme::tracked(QFont font, double spacing)
 
 void Theme::registerFonts()
 {
-    for (QDirIterator files(u":/fonts"_s, QDir::Files); files.hasNext();) {
-        QFontDatabase::addApplicationFont(files.next());
-    }
+    registerFiles(u"QuillmereSymbols-*"_s);
 }
 
 } // namespace quillmere
