@@ -1,14 +1,12 @@
 // How long a step of dragging a node takes, from the pointer's move to the frame on the screen, with many nodes and connections on
-// display; beside what a bare rectangle takes that follows the pointer in a window of the same size, in the same run. The exit
-// code is 1 when the median with 100 nodes and 100 connections is 16 ms or more, or with 500 of each 33 ms or more.
-//
-// Run it with QT_QPA_PLATFORM=offscreen QT_QUICK_BACKEND=software, which is how screens are drawn without a graphics processor.
+// display; beside what a bare rectangle takes that follows the pointer in a window of the same size.
+#include "Bench.h"
+#include "Frames.h"
 
 #include "app/theme/Theme.h"
 #include "platform/Environment.h"
 #include "tools/agents/AgentsState.h"
 
-#include <QElapsedTimer>
 #include <QGuiApplication>
 #include <QMouseEvent>
 #include <QQmlComponent>
@@ -17,28 +15,16 @@
 #include <QQuickView>
 #include <QRandomGenerator>
 
-#include <algorithm>
 #include <cmath>
-#include <cstdio>
-#include <cstdlib>
-#include <functional>
-#include <vector>
 
 using namespace quillmere;
+using namespace quillmere::bench;
 using namespace Qt::StringLiterals;
 
 namespace {
 
 constexpr QSize windowSize(1600, 1000);
 constexpr int steps = 300;
-
-void check(bool condition, const char *what)
-{
-    if (!condition) {
-        std::fprintf(stderr, "%s\n", what);
-        std::exit(2);
-    }
-}
 
 void send(QWindow &window, QEvent::Type type, QPointF place)
 {
@@ -56,31 +42,15 @@ QPointF placeAt(int step)
     return {550 + 350 * std::sin(angle), 450 + 300 * std::sin(angle * 1.7)};
 }
 
-struct Times {
-    double median;
-    double worstTwentieth;
-};
-
 // Moves the pointer step by step, each time until the frame that shows it is done.
-Times drag(QQuickWindow &window, const std::function<void(QPointF)> &move)
+Samples drag(QQuickWindow &window, const std::function<void(QPointF)> &move)
 {
-    std::vector<double> times;
-    bool shown = false;
-    const auto watch = QObject::connect(
-        &window, &QQuickWindow::frameSwapped, &window, [&] { shown = true; }, Qt::DirectConnection);
+    Frames frames(window);
+    Samples times;
     for (int step = 0; step < steps; ++step) {
-        shown = false;
-        QElapsedTimer timer;
-        timer.start();
-        move(placeAt(step));
-        while (!shown) {
-            QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
-        }
-        times.push_back(double(timer.nsecsElapsed()) / 1e6);
+        times.push_back(frames.timeTo([&] { move(placeAt(step)); }));
     }
-    QObject::disconnect(watch);
-    std::sort(times.begin(), times.end());
-    return {times[times.size() / 2], times[times.size() * 19 / 20]};
+    return times;
 }
 
 std::unique_ptr<QQuickView> show(const std::function<void(QQuickView &)> &fill)
@@ -92,14 +62,12 @@ std::unique_ptr<QQuickView> show(const std::function<void(QQuickView &)> &fill)
     fill(*view);
     check(view->rootObject(), "The screen does not show.");
     view->show();
-    while (!view->isExposed()) {
-        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
-    }
+    runUntil([&view] { return view->isExposed(); }, "The window does not show.");
     view->grabWindow();
     return view;
 }
 
-Times dragRectangle()
+Samples dragRectangle()
 {
     const auto view = show([](QQuickView &view) {
         QQmlComponent component(view.engine());
@@ -112,7 +80,7 @@ Times dragRectangle()
     return drag(*view, [&](QPointF place) { mover->setPosition(place); });
 }
 
-Times dragNode(int count)
+Samples dragNode(int count)
 {
     const auto view =
         show([](QQuickView &view) { view.setSource(QUrl(u"qrc:/qt/qml/Quillmere/Tools/AgentsView.qml"_s)); });
@@ -138,7 +106,7 @@ Times dragNode(int count)
     send(*view, QEvent::MouseButtonPress, placeAt(0));
     send(*view, QEvent::MouseMove, placeAt(0) + QPointF(30, 0));
     check(agents->selectedNodeId() == nodes.last().id, "The drag does not take.");
-    const Times times = drag(*view, [&](QPointF place) { send(*view, QEvent::MouseMove, place); });
+    const Samples times = drag(*view, [&](QPointF place) { send(*view, QEvent::MouseMove, place); });
     send(*view, QEvent::MouseButtonRelease, placeAt(steps - 1));
     check(agents->nodes().last().position == placeAt(steps - 1), "The node does not follow the pointer.");
     return times;
@@ -153,15 +121,10 @@ int main(int argc, char **argv)
     environment.animations = false;
     Theme::registerFonts();
 
-    const Times floor = dragRectangle();
-    std::printf("                                    median   95 of 100\n");
-    std::printf("a rectangle (floor)               %6.2f ms   %6.2f ms\n", floor.median, floor.worstTwentieth);
-    bool fast = true;
-    for (const auto &[count, limit] : {std::pair(100, 16.0), std::pair(500, 33.0)}) {
-        const Times times = dragNode(count);
-        std::printf("%3d nodes and %3d connections     %6.2f ms   %6.2f ms   aim: below %.0f ms\n", count, count,
-            times.median, times.worstTwentieth, limit);
-        fast = fast && times.median < limit;
+    for (const auto &[count, most] : {std::pair(100, 16.0), std::pair(500, 33.0)}) {
+        const Samples floor = dragRectangle();
+        print({u"drag a node, one of %1, with %1 connections"_s.arg(count), "ms", dragNode(count), u"a rectangle"_s,
+            floor, atMost(most)});
     }
-    return fast ? 0 : 1;
+    return exitCode();
 }
