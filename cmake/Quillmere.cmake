@@ -77,6 +77,8 @@ function(quillmere_library name)
         QML_FILES ${arg_QML_FILES} ${arg_QML_SINGLETONS}
         RESOURCES ${arg_RESOURCES})
     set_property(GLOBAL APPEND PROPERTY QUILLMERE_QML_MODULES ${name})
+    # Every QML file becomes a source file, which takes two thirds of its time to read this one header.
+    target_precompile_headers(${name} PRIVATE <QtQml/qqmlprivate.h>)
     # Whoever links a module gets its plugin, without which the engine does not find its types.
     target_link_libraries(${name} INTERFACE ${name}plugin)
 endfunction()
