@@ -16,12 +16,20 @@ PlainButton {
     text: SidebarItem.title(item)
     horizontalPadding: 12
     verticalPadding: 8
+    hasFocusRing: false
     Accessible.selectable: true
     Accessible.selected: isSelected
 
     background: Rectangle {
         radius: 8
-        color: row.isSelected ? Color.hex("1F1F22") : "transparent"
+        color: row.isSelected ? Color.hex("1F1F22") : row.hovered ? Color.faded("white", 0.04) : "transparent"
+
+        // The rows touch each other: outside of its row the ring would lie over the next ones.
+        FocusRing {
+            anchors.margins: 0
+            visible: row.visualFocus
+            cornerRadius: 4
+        }
     }
 
     contentItem: Row {

@@ -15,7 +15,8 @@ Rectangle {
     property real fillOpacity: 0.15
     readonly property real inset: horizontalPadding + (symbol.length > 0 ? icon.implicitWidth + 4 : 0)
 
-    implicitWidth: inset + label.implicitWidth + horizontalPadding
+    // Whole points, so that both its edges are sharp wherever it is aligned.
+    implicitWidth: Math.ceil(inset + label.implicitWidth + horizontalPadding)
     implicitHeight: label.implicitHeight + 2 * verticalPadding
     radius: 4
     color: Color.faded(tint, fillOpacity)

@@ -71,7 +71,8 @@ Item {
         }
     }
 
-    implicitWidth: (contentItem ? contentItem.implicitWidth : 0) + 2 * horizontalPadding
+    // Whole points, so that both its edges are sharp wherever it is aligned.
+    implicitWidth: Math.ceil(contentItem ? contentItem.implicitWidth : 0) + 2 * horizontalPadding
     implicitHeight: (contentItem ? contentItem.implicitHeight : 0) + 2 * verticalPadding
     activeFocusOnTab: true
     // A busy button keeps its spinner bright, disabled or not; only its fill is dimmed.

@@ -209,6 +209,55 @@ private slots:
         QCOMPARE(colorOf(screen->text(u"TOKEN DISTRIBUTION"_s)), gray);
     }
 
+    void keepsItsLookFromItsHeadToItsChecks()
+    {
+        open();
+        const double right = view->width() - 320.0 - 24;
+        const auto *title = screen->text(u"DATASET ANALYTICS"_s);
+        QCOMPARE(fontOf(title), u"Inter 24 700"_s);
+        QCOMPARE(colorOf(title), white);
+        QCOMPARE(placeOf(title).topLeft(), QPointF(24, 24));
+        const auto *updated = screen->text(u"Last Updated: 12:45 PM"_s);
+        QCOMPARE(colorOf(updated), gray);
+        QCOMPARE(placeOf(updated).right(), right);
+
+        // What stands below each other is 24 apart.
+        const QRectF tokens = placeOf(cardAround(u"TOKEN DISTRIBUTION"_s));
+        const QRectF checked = placeOf(cardAround(u"CONSISTENCY CHECKS"_s));
+        QCOMPARE(placeOf(cards().first()).top() - placeOf(title).bottom(), 24.0);
+        QCOMPARE(tokens.top() - placeOf(cards().last()).bottom(), 24.0);
+        QCOMPARE(checked.top() - tokens.bottom(), 24.0);
+        QCOMPARE(checked.left(), 24.0);
+        QCOMPARE(checked.right(), right);
+
+        for (const auto *card : screen->all(u"AnalyticsCard"_s)) {
+            QCOMPARE(colorOf(card), u"#ff1a1a1a"_s);
+            QCOMPARE(card->property("radius").toInt(), 8);
+            const auto *stroke = card->property("border").value<QObject *>();
+            QCOMPARE(stroke->property("width").toDouble(), 1.0);
+            QCOMPARE(stroke->property("color").value<QColor>(), QColor(0x33, 0x33, 0x33));
+        }
+        for (auto *card : cards()) {
+            const auto *icon = screen->all(u"SymbolIcon"_s, card).first();
+            QCOMPARE(placeOf(icon).topLeft() - placeOf(card).topLeft(), QPointF(12, 12));
+            QCOMPARE(placeOf(card).bottom() - placeOf(screen->all(u"Label"_s, card).last()).bottom(), 12.0);
+        }
+        for (const QString &name : {u"chart.bar.fill"_s, u"chart.pie.fill"_s, u"checkmark.shield.fill"_s}) {
+            const auto *symbol = screen->symbol(name);
+            QCOMPARE(symbol->property("size").toInt(), 12);
+            QVERIFY(symbol->property("bold").toBool());
+            QCOMPARE(colorOf(symbol), gray);
+        }
+
+        const auto checks = screen->all(u"CheckItem"_s);
+        for (int i = 0; i < checks.size(); ++i) {
+            const auto *mark = screen->all(u"SymbolIcon"_s, checks[i]).first();
+            const auto *words = screen->all(u"Label"_s, checks[i]).first();
+            QCOMPARE(placeOf(words).left() - placeOf(mark).right(), 6.0);
+            QCOMPARE(i == 0 ? 20.0 : placeOf(checks[i]).left() - placeOf(checks[i - 1]).right(), 20.0);
+        }
+    }
+
     void showsTheChecksWithTheirMarks()
     {
         open();

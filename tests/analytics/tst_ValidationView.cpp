@@ -89,6 +89,39 @@ private slots:
         QCOMPARE(badges, QStringList({u"STABLE #ff32d74b"_s, u"NO OVERFIT #ff5ac8f5"_s, u"F1: 0.92 #ffbf5af2"_s}));
     }
 
+    void keepsItsLookFromItsHeadToItsMatrix()
+    {
+        open(QSize(1190, 900));
+        const auto *title = screen->text(u"VALIDATION RESULTS"_s);
+        QCOMPARE(placeOf(title).left(), 24.0);
+        const auto *head = title->parentItem()->parentItem();
+        QCOMPARE(placeOf(head).top(), 24.0);
+
+        const QStringList titles{u"TRAIN VS VAL LOSS"_s, u"ACCURACY CURVE"_s, u"CONFUSION MATRIX"_s};
+        const auto cards = screen->all(u"ChartCard"_s);
+        QCOMPARE(cards.size(), 3);
+        for (int i = 0; i < 3; ++i) {
+            QCOMPARE(colorOf(cards[i]), u"#ff1a1a1a"_s);
+            QCOMPARE(cards[i]->property("radius").toInt(), 8);
+            const auto *stroke = cards[i]->property("border").value<QObject *>();
+            QCOMPARE(stroke->property("width").toDouble(), 1.0);
+            QCOMPARE(stroke->property("color").value<QColor>(), QColor(0x33, 0x33, 0x33));
+            const auto *name = screen->text(titles[i], cards[i]);
+            QVERIFY(name);
+            QCOMPARE(fontOf(name), u"Inter 12 700"_s);
+            QCOMPARE(colorOf(name), u"#ff98989d"_s);
+            QCOMPARE(placeOf(name).topLeft() - placeOf(cards[i]).topLeft(), QPointF(12, 12));
+        }
+        QCOMPARE(placeOf(cards[0]).topLeft(), QPointF(24, placeOf(head).bottom() + 24));
+        QCOMPARE(placeOf(cards[1]).left() - placeOf(cards[0]).right(), 16.0);
+        QCOMPARE(placeOf(cards[1]).right(), view->width() - 24.0);
+        QCOMPARE(placeOf(cards[2]).topLeft(), QPointF(24, placeOf(cards[0]).bottom() + 24));
+        QCOMPARE(placeOf(cards[2]).right(), view->width() - 24.0);
+        const auto *figure = screen->text(u"95"_s, cards[2]);
+        QCOMPARE(fontOf(figure), u"Inter 12 400"_s);
+        QCOMPARE(colorOf(figure), u"#ffffffff"_s);
+    }
+
     void exportsNothing()
     {
         open();

@@ -428,6 +428,26 @@ private slots:
         QCOMPARE(placeOf(footer).width(), 220.0);
     }
 
+    void answersThePointerAndTheKeyboardOnItsRows()
+    {
+        opensSignedIn();
+        const QQuickItem *models = rows()[3];
+        m_window->hover(models);
+        QCOMPARE(colorOf(backgroundOf(models)), u"#0affffff"_s);
+        m_window->hover(rows()[0]);
+        QCOMPARE(colorOf(backgroundOf(models)), clear);
+        QCOMPARE(colorOf(backgroundOf(rows()[0])), selected);
+
+        // The ring keeps within its row.
+        for (int i = 0; i < 40 && !models->hasActiveFocus(); ++i) {
+            m_window->press(Qt::Key_Tab);
+        }
+        const auto rings = m_window->all(u"FocusRing"_s, sidebar());
+        QCOMPARE(rings.size(), 1);
+        QCOMPARE(placeOf(rings[0]), placeOf(models));
+        QCOMPARE(rings[0]->property("radius").toDouble(), 8.0);
+    }
+
     void isAsWideAsItIsDraggedWithinItsBounds()
     {
         opensSignedIn();
@@ -807,7 +827,7 @@ private:
         QList<int> highlighted;
         const auto all = rows();
         for (int i = 0; i < all.size(); ++i) {
-            if (colorOf(backgroundOf(all[i])) != clear) {
+            if (colorOf(backgroundOf(all[i])) == selected) {
                 highlighted.append(i);
             }
         }

@@ -2,6 +2,8 @@
 
 #include <QSignalSpy>
 
+#include <cmath>
+
 using namespace Qt::StringLiterals;
 using quillmere::testing::Scene;
 
@@ -43,6 +45,8 @@ private slots:
     void isDimmedAndDeafWhenDisabled();
     void isDeafAndShowsASpinnerWhenBusy();
     void keepsItsHeightWithASymbolAndWhenBusy();
+    void isWholePointsWide_data();
+    void isWholePointsWide();
     void dimsWhilePressedAsItsStyleSays_data();
     void dimsWhilePressedAsItsStyleSays();
     void cutsALabelThatDoesNotFit();
@@ -230,6 +234,28 @@ void tst_Buttons::keepsItsHeightWithASymbolAndWhenBusy()
     QCOMPARE(scene.item(u"it"_s)->height(), height);
     scene.item(u"it"_s)->setProperty("busy", true);
     QCOMPARE(scene.item(u"it"_s)->height(), height);
+}
+
+void tst_Buttons::isWholePointsWide_data()
+{
+    QTest::addColumn<QString>("control");
+    QTest::newRow("primary") << u"PrimaryButton { symbol: \"plus\"; "_s;
+    QTest::newRow("secondary") << u"SecondaryButton { "_s;
+    QTest::newRow("bordered") << u"BorderedButton { "_s;
+    QTest::newRow("pill") << u"Pill { "_s;
+    QTest::newRow("badge") << u"Badge { tint: \"red\"; "_s;
+}
+
+// Or, aligned at its end, it would begin between two of them with a blurred edge.
+void tst_Buttons::isWholePointsWide()
+{
+    QFETCH(QString, control);
+    const QString text = u"Mill Willow Ill"_s;
+    for (int length = 1; length <= text.size(); ++length) {
+        const Scene scene(control + u"objectName: \"it\"; text: \"%1\" }"_s.arg(text.left(length)));
+        const double width = scene.item(u"it"_s)->width();
+        QCOMPARE(width, std::round(width));
+    }
 }
 
 void tst_Buttons::dimsWhilePressedAsItsStyleSays_data()

@@ -446,7 +446,7 @@ private slots:
         QCOMPARE(colorOf(status), word(color));
         QCOMPARE(colorOf(badge), word(Color::faded(color, 0.2)));
         QCOMPARE(badge->property("radius").toInt(), 2);
-        QCOMPARE(badge->width(), status->implicitWidth() + 12);
+        QCOMPARE(badge->width(), std::ceil(status->implicitWidth() + 12));
         QCOMPARE(badge->height(), status->implicitHeight() + 4);
     }
 

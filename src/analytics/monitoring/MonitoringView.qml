@@ -41,17 +41,16 @@ Rectangle {
                 width: content.width
             }
 
-            Row {
+            FlexibleGrid {
                 id: metrics
-
-                readonly property real cardWidth: (width - 2 * spacing) / 3
 
                 width: content.width
                 height: 120
+                columns: 3
                 spacing: 16
 
                 MetricCardNew {
-                    width: metrics.cardWidth
+                    width: metrics.widthAt(0)
                     height: metrics.height
                     title: qsTr("TRAINING LOSS")
                     value: run.trainingLoss
@@ -61,7 +60,7 @@ Rectangle {
                 }
 
                 MetricCardNew {
-                    width: metrics.cardWidth
+                    width: metrics.widthAt(1)
                     height: metrics.height
                     title: qsTr("VALIDATION LOSS")
                     value: run.validationLoss
@@ -71,7 +70,7 @@ Rectangle {
                 }
 
                 MetricCardNew {
-                    width: metrics.cardWidth
+                    width: metrics.widthAt(2)
                     height: metrics.height
                     title: qsTr("THROUGHPUT")
                     value: "4.2k"

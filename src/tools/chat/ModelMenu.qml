@@ -13,7 +13,6 @@ PlainButton {
 
     signal selected(string model)
 
-    width: Math.ceil(implicitWidth)
     text: selectedModel
     horizontalPadding: 16
     verticalPadding: 8

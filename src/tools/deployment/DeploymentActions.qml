@@ -6,8 +6,6 @@ import Quillmere.Theme
 Column {
     id: actions
 
-    readonly property real buttonWidth: (width - 3 * row.spacing) / 4
-
     spacing: 16
 
     Label {
@@ -17,34 +15,36 @@ Column {
         Accessible.role: Accessible.Heading
     }
 
-    Row {
+    FlexibleGrid {
         id: row
 
+        width: actions.width
+        columns: 4
         spacing: 16
 
         ActionButton {
-            width: actions.buttonWidth
+            width: row.widthAt(0)
             title: qsTr("Export Model")
             icon: "square.and.arrow.up"
             color: Color.blue
         }
 
         ActionButton {
-            width: actions.buttonWidth
+            width: row.widthAt(1)
             title: qsTr("Quantize (4-bit)")
             icon: "arrow.down.to.line"
             color: Color.purple
         }
 
         ActionButton {
-            width: actions.buttonWidth
+            width: row.widthAt(2)
             title: qsTr("Clone Version")
             icon: "doc.on.doc"
             color: Color.orange
         }
 
         ActionButton {
-            width: actions.buttonWidth
+            width: row.widthAt(3)
             title: qsTr("Archive")
             icon: "archivebox"
             color: Color.red

@@ -68,8 +68,6 @@ Card {
         Badge {
             anchors.right: parent.right
             visible: card.isTunable
-            // Whole points, so that both its edges are sharp.
-            width: Math.ceil(implicitWidth)
             symbol: "bolt.fill"
             text: qsTr("Fine-tunable")
             tint: Theme.success
@@ -78,7 +76,6 @@ Card {
         Badge {
             anchors.right: parent.right
             visible: card.isDownloaded
-            width: Math.ceil(implicitWidth)
             symbol: "checkmark.circle.fill"
             text: qsTr("Downloaded")
             tint: Theme.accent

@@ -92,10 +92,13 @@ Card {
 
         anchors.bottom: card.bottom
         anchors.bottomMargin: 20
+        baselineOffset: models.baselineOffset
         x: 20
         spacing: 16
 
         StatItem {
+            id: models
+
             icon: "cpu"
             value: card.modelCount
             label: qsTr("Models")
@@ -113,7 +116,7 @@ Card {
         anchors.leftMargin: 8
         anchors.right: card.right
         anchors.rightMargin: 20
-        anchors.verticalCenter: stats.verticalCenter
+        anchors.baseline: stats.baseline
         text: card.updatedText
         font: Theme.system(11)
         color: Theme.textTertiary

@@ -10,6 +10,7 @@ Row {
     required property string value
     required property string label
 
+    baselineOffset: figure.y + figure.baselineOffset
     spacing: 4
 
     SymbolIcon {
@@ -20,6 +21,8 @@ Row {
     }
 
     Label {
+        id: figure
+
         anchors.verticalCenter: parent.verticalCenter
         text: item.value
         font: Theme.system(12, Font.Medium)
@@ -27,7 +30,7 @@ Row {
     }
 
     Label {
-        anchors.verticalCenter: parent.verticalCenter
+        anchors.baseline: figure.baseline
         text: item.label
         font: Theme.system(10)
         color: Theme.textTertiary

@@ -33,18 +33,17 @@ Rectangle {
         }
     }
 
-    Row {
+    FlexibleGrid {
         id: stats
-
-        readonly property real cardWidth: (width - 2 * spacing) / 3
 
         anchors.top: header.bottom
         x: 24
         width: view.width - 48
+        columns: 3
         spacing: 16
 
         TrainingStatCard {
-            width: stats.cardWidth
+            width: stats.widthAt(0)
             title: qsTr("Active Jobs")
             value: viewModel.activeCount
             icon: "play.circle.fill"
@@ -52,7 +51,7 @@ Rectangle {
         }
 
         TrainingStatCard {
-            width: stats.cardWidth
+            width: stats.widthAt(1)
             title: qsTr("Completed")
             value: viewModel.completedCount
             icon: "checkmark.circle.fill"
@@ -60,7 +59,7 @@ Rectangle {
         }
 
         TrainingStatCard {
-            width: stats.cardWidth
+            width: stats.widthAt(2)
             title: qsTr("Total Jobs")
             value: viewModel.totalCount
             icon: "chart.bar.fill"

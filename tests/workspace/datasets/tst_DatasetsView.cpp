@@ -240,6 +240,15 @@ private slots:
         QCOMPARE(placeOf(badge->parentItem()).width(), 120.0);
     }
 
+    void showsNoBadgeForAnEmptyPurpose()
+    {
+        opensWith('[' + file("1", "a.csv") + ',' + file("2", "b.csv", "") + ']');
+        QVERIFY(eventually([this] { return rows().size() == 2; }));
+        QCOMPARE(m_window->all(u"Badge"_s, rows()[0]).size(), 1);
+        QVERIFY(m_window->all(u"Badge"_s, rows()[1]).isEmpty());
+        QCOMPARE(rows()[1]->height(), rows()[0]->height());
+    }
+
     void showsMarkupAsItStands()
     {
         const auto name = u"<b>Bold</b> &amp; <img src='http://127.0.0.1:1/x'>"_s;
@@ -393,7 +402,7 @@ private slots:
         QCOMPARE(radiusOf(badge->parentItem()), 4.0);
         QCOMPARE(placeOf(badge->parentItem()).left(), placeOf(m_window->text(u"PURPOSE"_s)).left());
         QCOMPARE(placeOf(badge->parentItem()).height(), badge->implicitHeight() + 8);
-        QCOMPARE(placeOf(badge->parentItem()).width(), badge->implicitWidth() + 16);
+        QCOMPARE(placeOf(badge->parentItem()).width(), std::ceil(badge->implicitWidth() + 16));
         const QQuickItem *size = m_window->text(u"15.4 MB"_s, row);
         QCOMPARE(fontOf(size), u"Geist Mono 12 400"_s);
         QCOMPARE(colorOf(size), textSecondary);
@@ -550,3 +559,5 @@ private:
 
 QTEST_MAIN(quillmere::tst_DatasetsView)
 #include "tst_DatasetsView.moc"
+
+#include <cmath>

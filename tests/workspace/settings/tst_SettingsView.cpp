@@ -364,7 +364,7 @@ private slots:
         QCOMPARE(colorOf(word), tint);
         QCOMPARE(colorOf(shown), u"#26"_s + tint.mid(3));
         QCOMPARE(shown->property("radius").toDouble(), 4.0);
-        QCOMPARE(shown->size(), QSizeF(word->implicitWidth() + 20, word->implicitHeight() + 8));
+        QCOMPARE(shown->size(), QSizeF(std::ceil(word->implicitWidth() + 20), word->implicitHeight() + 8));
         QCOMPARE(placeIn(card, shown).left(), 24.0);
         auto *current = screen->text(u"Current Plan"_s);
         QCOMPARE(fontOf(current), u"Inter 12 400"_s);
@@ -866,3 +866,5 @@ private:
 
 QTEST_MAIN(tst_SettingsView)
 #include "tst_SettingsView.moc"
+
+#include <cmath>
