@@ -171,6 +171,10 @@ private:
         if (isFailure(m_reply->error(), status)) {
             return transportFailure(m_reply->errorString());
         }
+        // Of the interim replies (RFC 9110, section 15.2) the library passes over 100 alone, and takes the others for the reply.
+        if (status < 200) {
+            return transportFailure(tr("The reply could not be read."));
+        }
         // A chunk length that cannot be read leaves no other trace in this library than a body that is not there.
         const bool chunked = m_reply->rawHeader("Transfer-Encoding").toLower().contains("chunked");
         if (chunked && m_received.isEmpty() && status >= 200 && status < 300) {

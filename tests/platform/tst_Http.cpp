@@ -381,6 +381,10 @@ private slots:
         QTest::newRow("a chunk length that is no number")
             << QByteArray("HTTP/1.1 200 OK\r\nTransfer-Encoding: chunked\r\n\r\nZZ\r\n{\"a\":1}\r\n0\r\n\r\n");
         QTest::newRow("broken gzip") << brokenGzip("200 OK");
+        QTest::newRow("an interim status, then the end") << QByteArray("HTTP/1.1 103 Early Hints\r\n\r\n");
+        QTest::newRow("an interim status that stays the last word")
+            << QByteArray("HTTP/1.1 102 Processing\r\nContent-Length: 2\r\n\r\n{}");
+        QTest::newRow("a status below zero") << QByteArray("HTTP/1.1 -200 OK\r\nContent-Length: 2\r\n\r\n{}");
     }
     void failsWithoutAWholeReply()
     {
