@@ -584,7 +584,12 @@ QList<Shot> catalogue()
                 s.world.service.on("GET /v1/fine-tuning/jobs").hangsBeforeReply();
                 s.opensSignedIn(SidebarItem::Training);
             }},
-        {u"training"_s, [](Stage &s) { opensTraining(s); }},
+        {u"training"_s,
+            [](Stage &s) {
+                opensTraining(s);
+                // Any pointer's move: the scroll bar's length is guessed until all rows that show are made.
+                s.hover(u"Monitor and manage your fine-tuning jobs"_s);
+            }},
         {u"training-large"_s, [](Stage &s) { opensTraining(s); }, Shot::large},
         {u"training-hovered"_s,
             [](Stage &s) {
