@@ -38,9 +38,10 @@ bool tellsTokenOnlyAsTold(const StandIn::Request &request, const QByteArray &tok
            });
 }
 
-bool fits(const ReplyField &field, Mutation::Kind kind)
+bool fits(const ReplyField &field, const Mutation &mutation)
 {
     using Kind = Mutation::Kind;
+    const Kind kind = mutation.kind;
     if (kind == Kind::Removed && field.form == Form::Record) {
         return field.path.endsWith("/0"); // a list may well be shorter
     }
@@ -62,9 +63,10 @@ bool fits(const ReplyField &field, Mutation::Kind kind)
         return true;
     case Form::ListOfRecords:
         return kind == Kind::EmptyList;
-    case Form::Record:       // no mutation has its fields
-    case Form::NewerVersion: // nor tells a version
-    case Form::Page:         // nor a web page
+    case Form::NewerVersion:
+        return mutation.json == R"("12")"; // the one that is newer
+    case Form::Record:                     // no mutation has its fields
+    case Form::Page:                       // nor is a web page
         return false;
     }
     Q_UNREACHABLE();
@@ -117,7 +119,10 @@ private:
             settle();
             for (int i = 0; i < 14 && !call.hasEnded(); ++i) {
                 const int looks = clock.looks;
-                scene.world.service.drip();
+                // The request may still be on its way at first.
+                if (!eventually([&] { return scene.world.service.drip() || call.hasEnded(); })) {
+                    return false;
+                }
                 if (!eventually([&] { return clock.looks > looks || call.hasEnded(); })) {
                     return false;
                 }
@@ -134,10 +139,15 @@ private:
         QTest::addColumn<int>("operation");
         QTest::addColumn<int>("fault");
         for (int o = 0; o < operations().size(); ++o) {
-            const QByteArray &name = operations()[o].name;
+            const Operation &operation = operations()[o];
+            // The first of a family meets them all, the others, which share its way through the client, every third.
+            const bool isFirst = std::none_of(operations().begin(), operations().begin() + o,
+                [&](const Operation &other) { return other.family == operation.family; });
             for (int f = 0; f < faults().size(); ++f) {
-                if (faults()[f].isLarge == large && (!large || name == "listModels" || name == "submitCode")) {
-                    QTest::addRow("%s: %s", name.constData(), qPrintable(faults()[f].name)) << o << f;
+                const bool meets = large ? operation.name == "listModels" || operation.name == "submitCode"
+                                         : isFirst || f % 3 == o % 3;
+                if (faults()[f].isLarge == large && meets) {
+                    QTest::addRow("%s: %s", operation.name.constData(), qPrintable(faults()[f].name)) << o << f;
                 }
             }
         }
@@ -281,7 +291,7 @@ private slots:
             const QString ending = call->ending();
             const bool isText = mutation.kind == Mutation::Kind::Text || mutation.kind == Mutation::Kind::Date;
             const QByteArray what = mutation.name + ": " + ending.toUtf8();
-            if (fits(changed, mutation.kind)) {
+            if (fits(changed, mutation)) {
                 QVERIFY2(ending.startsWith(ending::gave({})), what.constData());
             } else if (changed.form == Form::Page && isText) {
                 QVERIFY2(ending == u"Invalid authentication URL", what.constData());
