@@ -91,18 +91,18 @@ void tst_Looks::looksAsItDid_data()
                                      << QStringList{u"0 0, 49 25.7: #1fffffff round 6"_s,
                                             u"12 5.4: Add Inter 13 400 #d9ffffff"_s};
     QTest::newRow("prominent button") << u"ProminentButton { text: \"Add\" }"_s
-                                      << QStringList{u"0 0, 49 25.7: #0a84ff round 6"_s,
-                                             u"12 5.4: Add Inter 13 400 #ffffff"_s};
+                                      << QStringList{
+                                             u"0 0, 49 25.7: #0a84ff round 6"_s, u"12 5.4: Add Inter 13 400 #ffffff"_s};
     QTest::newRow("primary button") << u"PrimaryButton { symbol: \"plus\"; text: \"Add\" }"_s
                                     << QStringList{u"0 0, 83 31.7: #ffffff round 6"_s,
                                            u"16 7.4: symbol Quillmere Symbols 17 400 #000000"_s,
                                            u"41 8.4: Add Inter 13 500 #000000"_s};
     QTest::newRow("secondary button") << u"SecondaryButton { text: \"Add\" }"_s
-                                      << QStringList{u"0 0, 58 31.7: #27272a round 6"_s,
-                                             u"16 8.4: Add Inter 13 500 #ffffff"_s};
+                                      << QStringList{
+                                             u"0 0, 58 31.7: #27272a round 6"_s, u"16 8.4: Add Inter 13 500 #ffffff"_s};
     QTest::newRow("plain button") << u"PlainButton { text: \"Add\" }"_s
-                                  << QStringList{u"0 0, 25 15.7: #00000000 round 6"_s,
-                                         u"0 0.4: Add Inter 13 400 #d9ffffff"_s};
+                                  << QStringList{
+                                         u"0 0, 25 15.7: #00000000 round 6"_s, u"0 0.4: Add Inter 13 400 #d9ffffff"_s};
     QTest::newRow("icon button") << u"IconButton { symbol: \"plus\"; label: \"Add\" }"_s
                                  << QStringList{u"0 0, 27 27: #00000000 round 6"_s,
                                         u"4 4: symbol Quillmere Symbols 19 400 #d9ffffff"_s};
