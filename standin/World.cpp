@@ -89,9 +89,7 @@ void JsonList::write()
 }
 
 World::World(Clock now)
-    : m_now(std::move(now)), m_models(resource(u"models.json"_s)),
-      m_firstJobs(withDates(resource(u"jobs.json"_s), m_now())),
-      m_firstFiles(withDates(resource(u"files.json"_s), m_now()))
+    : m_now(std::move(now)), m_models(resource(u"models.json"_s))
 {
 }
 

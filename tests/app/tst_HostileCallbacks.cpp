@@ -302,6 +302,8 @@ private slots:
                 settle();
             }
             printed = output.lines();
+            // What this platform says of a window that comes to the front.
+            printed.removeIf([](const QString &line) { return line.contains(u"does not support raise()"_s); });
         }
         QVERIFY(urls > 1000);
         QCOMPARE(printed.size(), told.size());

@@ -123,9 +123,9 @@ void tst_Looks::looksAsItDid_data()
     QTest::newRow("card") << u"Card { width: 100; height: 50 }"_s
                           << QStringList{u"0 0, 100 50: #121214 round 12 edge 1 #27272a"_s};
     QTest::newRow("badge") << u"Badge { text: \"NEW\"; tint: Color.red }"_s
-                           << QStringList{u"0 0, 41 21: #26ff453a round 4"_s, u"8 0: NEW Inter 10 700 #ff453a"_s};
+                           << QStringList{u"0 0, 42 21: #26ff453a round 4"_s, u"8 0: NEW Inter 10 700 #ff453a"_s};
     QTest::newRow("badge with a symbol") << u"Badge { text: \"NEW\"; tint: Color.red; symbol: \"plus\" }"_s
-                                         << QStringList{u"0 0, 56 21: #26ff453a round 4"_s,
+                                         << QStringList{u"0 0, 57 21: #26ff453a round 4"_s,
                                                 u"8 5: symbol Quillmere Symbols 11 700 #ff453a"_s,
                                                 u"23 0: NEW Inter 10 700 #ff453a"_s};
     QTest::newRow("pill") << u"Pill { text: \"All\" }"_s
@@ -208,8 +208,8 @@ void tst_Looks::looksAsItDid_data()
         << u"EmptyState { width: 400; height: 400; symbol: \"cpu\"; title: \"No Models\"; text: \"There are none.\"; buttonText: \"Add\"; buttonIcon: \"plus\" }"_s
         << QStringList{u"161 97.6: symbol Quillmere Symbols 77 400 #71717a"_s,
                u"154.8 198.6: No Models Space Grotesk 18 500 #ffffff"_s,
-               u"147.7 229.6: There are none. Inter 14 400 #a1a1aa"_s, u"158.5 270.6, 83 31.7: #ffffff round 6"_s,
-               u"174.5 278: symbol Quillmere Symbols 17 400 #000000"_s, u"199.5 279: Add Inter 13 500 #000000"_s};
+               u"147.7 229.6: There are none. Inter 14 400 #a1a1aa"_s, u"158 270.6, 83 31.7: #ffffff round 6"_s,
+               u"174 278: symbol Quillmere Symbols 17 400 #000000"_s, u"199 279: Add Inter 13 500 #000000"_s};
     QTest::newRow("screen header")
         << u"ScreenHeader { width: 600; title: \"Models\"; subtitle: \"All of them\"; BorderedButton { width: 50; text: \"A\" } BorderedButton { width: 50; text: \"B\" } }"_s
         << QStringList{u"24 20: Models Space Grotesk 24 700 #ffffff"_s, u"24 55: All of them Inter 14 400 #a1a1aa"_s,
