@@ -302,8 +302,10 @@ private slots:
                 settle();
             }
             printed = output.lines();
-            // What this platform says of a window that comes to the front.
-            printed.removeIf([](const QString &line) { return line.contains(u"does not support raise()"_s); });
+            // What this platform says of a window that comes to the front, until the test's own log has had enough of it.
+            printed.removeIf([](const QString &line) {
+                return line.contains(u"does not support raise()"_s) || line.contains(u"amount of warnings exceeded"_s);
+            });
         }
         QVERIFY(urls > 1000);
         QCOMPARE(printed.size(), told.size());
