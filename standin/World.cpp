@@ -88,8 +88,7 @@ void JsonList::write()
     m_text = QJsonDocument(m_items).toJson(QJsonDocument::Compact);
 }
 
-World::World(Clock now)
-    : m_now(std::move(now)), m_models(resource(u"models.json"_s))
+World::World(Clock now) : m_now(std::move(now)), m_models(resource(u"models.json"_s))
 {
 }
 
