@@ -22,7 +22,7 @@ PlainButton {
 
     background: Rectangle {
         radius: 8
-        color: row.isSelected ? Color.hex("1F1F22") : row.hovered ? Color.faded("white", 0.04) : "transparent"
+        color: row.isSelected ? Color.hex("1F1F22") : "transparent"
 
         // The rows touch each other: outside of its row the ring would lie over the next ones.
         FocusRing {

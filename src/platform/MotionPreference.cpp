@@ -18,8 +18,8 @@ const auto path = u"/org/freedesktop/portal/desktop"_s;
 const auto settings = u"org.freedesktop.portal.Settings"_s;
 
 const auto appearance = u"org.freedesktop.appearance"_s;
-const auto reducedMotion =
-    u"reduced-motion"_s; // 1: reduced; 0, and whatever comes to mean something later: no preference
+// 1: reduced; 0, and whatever comes to mean something later: no preference.
+const auto reducedMotion = u"reduced-motion"_s;
 const auto gnome = u"org.gnome.desktop.interface"_s;
 const auto enableAnimations = u"enable-animations"_s;
 

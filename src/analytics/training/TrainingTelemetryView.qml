@@ -130,25 +130,8 @@ Item {
                 model: view.isFullTelemetry ? 1 : 0
 
                 SystemPerformanceMonitor {
-                    id: monitor
-
                     width: page.innerWidth
                     height: 160
-                    topRadius: 8
-
-                    AnalyticsCard {
-                        z: -1
-                        anchors.fill: parent
-                    }
-
-                    // The header reaches to the edges of the card.
-                    Rectangle {
-                        anchors.fill: parent
-                        radius: monitor.topRadius
-                        color: "transparent"
-                        border.width: 1
-                        border.color: AnalyticsPalette.cardStroke
-                    }
                 }
             }
         }

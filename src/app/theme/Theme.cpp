@@ -32,12 +32,13 @@ QString fileOf(const QString &family, int weight)
 // frame as half an empty window does from its start.
 void makeKnown(const QString &family, int weight)
 {
-    static QSet<QString> known;
-    const QString file = fileOf(family, weight);
-    if (known.contains(file)) {
+    static QSet<std::pair<QString, int>> known;
+    const std::pair face(family, weight);
+    if (known.contains(face)) {
         return;
     }
-    known.insert(file);
+    known.insert(face);
+    const QString file = fileOf(family, weight);
     const bool exists =
         QFile::exists(u":/fonts/"_s + file + u".ttf"_s) || QFile::exists(u":/fonts/"_s + file + u".otf"_s);
     // For a weight without a file the toolkit takes the nearest.

@@ -74,7 +74,6 @@ DatasetColumns {
 
             anchors.verticalCenter: parent.verticalCenter
             width: Math.min(implicitWidth, parent.width)
-            visible: row.purpose.length > 0
             text: row.purpose
             tint: row.purposeColor
             font: Theme.system(11, Font.Medium)

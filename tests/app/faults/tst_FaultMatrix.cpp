@@ -29,7 +29,7 @@ bool isOfTheClient(Family family)
 }
 
 // Nowhere but as this header, letter for letter.
-bool tellsTokenOnlyAsTold(const StandIn::Request &request, const QByteArray &token)
+bool showsTokenOnlyInItsHeader(const StandIn::Request &request, const QByteArray &token)
 {
     return !request.target.contains(token) && !request.body.contains(token)
         && std::all_of(request.headers.begin(), request.headers.end(), [&](const auto &header) {
@@ -74,7 +74,7 @@ bool fits(const ReplyField &field, const Mutation &mutation)
 
 } // namespace
 
-// Every operation against every fault: each ends in the told way, and in nothing else.
+// Every operation against every fault: each ends as its row says, and in nothing else.
 class tst_FaultMatrix : public QObject {
     Q_OBJECT
 
@@ -184,7 +184,7 @@ private:
         const QByteArray token = scene.token.toUtf8();
         const auto requests = scene.world.service.requests();
         for (const StandIn::Request &request : requests) {
-            QVERIFY(tellsTokenOnlyAsTold(request, token));
+            QVERIFY(showsTokenOnlyInItsHeader(request, token));
         }
         if (!requests.isEmpty()) {
             QCOMPARE(requests.constFirst().hasHeader("Authorization"), operation.sendsToken);
@@ -192,12 +192,12 @@ private:
         const auto strayed = scene.other.requests();
         for (const StandIn::Request &request : strayed) {
             QVERIFY(!request.hasHeader("Authorization"));
-            QVERIFY(tellsTokenOnlyAsTold(request, token));
+            QVERIFY(showsTokenOnlyInItsHeader(request, token));
         }
         QVERIFY(!call->ending().contains(scene.token));
         QCOMPARE(*printed, QStringList());
 
-        // The session is over where it is told, and nowhere else.
+        // The session is over where the row says so, and nowhere else.
         const bool signsOut = fault.signsOut && isOfTheClient(operation.family);
         QCOMPARE(auth.isAuthenticated(), !signsOut);
         QCOMPARE(scene.world.secrets.peek(auth.tokenKey).value_or(u"none"_s), signsOut ? u"none"_s : scene.token);

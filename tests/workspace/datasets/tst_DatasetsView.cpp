@@ -5,6 +5,8 @@
 #include <QFile>
 #include <QTemporaryDir>
 
+#include <cmath>
+
 using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
 using namespace quillmere::testing;
@@ -238,15 +240,6 @@ private slots:
         const QQuickItem *badge = m_window->text(u"A-Purpose-That-Nobody-Thought-Of"_s, row);
         QVERIFY(placeOf(label).right() < placeOf(badge->parentItem()).left());
         QCOMPARE(placeOf(badge->parentItem()).width(), 120.0);
-    }
-
-    void showsNoBadgeForAnEmptyPurpose()
-    {
-        opensWith('[' + file("1", "a.csv") + ',' + file("2", "b.csv", "") + ']');
-        QVERIFY(eventually([this] { return rows().size() == 2; }));
-        QCOMPARE(m_window->all(u"Badge"_s, rows()[0]).size(), 1);
-        QVERIFY(m_window->all(u"Badge"_s, rows()[1]).isEmpty());
-        QCOMPARE(rows()[1]->height(), rows()[0]->height());
     }
 
     void showsMarkupAsItStands()
@@ -559,5 +552,3 @@ private:
 
 QTEST_MAIN(quillmere::tst_DatasetsView)
 #include "tst_DatasetsView.moc"
-
-#include <cmath>

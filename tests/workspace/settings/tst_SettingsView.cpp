@@ -9,6 +9,8 @@
 #include <QQmlEngine>
 #include <QTemporaryDir>
 
+#include <cmath>
+
 using namespace Qt::StringLiterals;
 using namespace quillmere;
 using namespace quillmere::testing;
@@ -866,5 +868,3 @@ private:
 
 QTEST_MAIN(tst_SettingsView)
 #include "tst_SettingsView.moc"
-
-#include <cmath>

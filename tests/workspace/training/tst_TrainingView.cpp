@@ -3,6 +3,8 @@
 #include "support/Window.h"
 #include "workspace/training/TrainingViewModel.h"
 
+#include <cmath>
+
 using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
 using namespace quillmere::testing;
@@ -690,5 +692,3 @@ private:
 
 QTEST_MAIN(quillmere::tst_TrainingView)
 #include "tst_TrainingView.moc"
-
-#include <cmath>
