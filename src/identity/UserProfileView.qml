@@ -129,7 +129,7 @@ Rectangle {
                     UsageCard {
                         width: usage.cardWidth
                         title: qsTr("Storage")
-                        value: "45GB / 100GB"
+                        value: qsTr("45GB / 100GB")
                         progress: 0.45
                         tint: Color.purple
                     }

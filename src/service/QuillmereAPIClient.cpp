@@ -6,6 +6,7 @@
 #include "service/APIError.h"
 #include "service/UploadForm.h"
 
+#include <QCoreApplication>
 #include <QUuid>
 
 using namespace Qt::StringLiterals;
@@ -34,7 +35,8 @@ Failure failureOf(int status, const QByteArray &body)
     if (const auto told = decode<APIErrorResponse>(body, KeyCoding::SnakeCase)) {
         return failure(APIError::serverError, told->detail);
     }
-    return failure(APIError::serverError, u"Unknown error (status: %1)"_s.arg(status));
+    return failure(
+        APIError::serverError, QCoreApplication::translate("APIError", "Unknown error (status: %1)").arg(status));
 }
 
 } // namespace

@@ -63,7 +63,7 @@ Rectangle {
 
         StatusIndicator {
             label: qsTr("VRAM")
-            value: "14GB"
+            value: qsTr("14GB")
             color: Color.purple
         }
 

@@ -80,7 +80,7 @@ ScrollArea {
             GaugeMeterView {
                 metricName: qsTr("VRAM Usage")
                 value: telemetry.vramUsage
-                unit: "GB"
+                unit: qsTr("GB")
                 thresholds: telemetry.thresholds(12, 20, 22)
                 icon: "memorychip"
                 maxValue: 24
@@ -98,7 +98,7 @@ ScrollArea {
             GaugeMeterView {
                 metricName: qsTr("Fan Speed")
                 value: telemetry.fanSpeed
-                unit: "RPM"
+                unit: qsTr("RPM")
                 thresholds: telemetry.thresholds(2000, 3000, 4000)
                 icon: "fanblades.fill"
                 maxValue: 5000
@@ -122,7 +122,7 @@ ScrollArea {
             GaugeMeterView {
                 metricName: qsTr("Memory")
                 value: telemetry.memoryUsage
-                unit: "GB"
+                unit: qsTr("GB")
                 thresholds: telemetry.thresholds(16, 24, 30)
                 icon: "memorychip.fill"
                 maxValue: 32
@@ -131,7 +131,7 @@ ScrollArea {
             GaugeMeterView {
                 metricName: qsTr("Disk I/O")
                 value: telemetry.diskSpeed
-                unit: "MB/s"
+                unit: qsTr("MB/s")
                 thresholds: telemetry.thresholds(500, 1000, 2000)
                 icon: "internaldrive.fill"
                 maxValue: 3000
@@ -140,7 +140,7 @@ ScrollArea {
             GaugeMeterView {
                 metricName: qsTr("Network")
                 value: telemetry.netSpeed
-                unit: "MB/s"
+                unit: qsTr("MB/s")
                 thresholds: telemetry.thresholds(50, 100, 200)
                 icon: "network"
                 maxValue: 500
@@ -156,7 +156,7 @@ ScrollArea {
             GaugeMeterView {
                 metricName: qsTr("Throughput")
                 value: telemetry.throughput
-                unit: "tok/s"
+                unit: qsTr("tok/s")
                 thresholds: telemetry.thresholds(2000, 1000, 500)
                 icon: "text.append"
                 maxValue: 5000
@@ -165,7 +165,7 @@ ScrollArea {
             GaugeMeterView {
                 metricName: qsTr("Speed")
                 value: telemetry.trainingSpeed
-                unit: "it/s"
+                unit: qsTr("it/s")
                 thresholds: telemetry.thresholds(2, 1, 0.5)
                 icon: "hare.fill"
                 maxValue: 10

@@ -59,7 +59,7 @@ Card {
             value: 0.18
             label: qsTr("VRAM")
             color: Color.purple
-            valueText: "18 GB"
+            valueText: "18 " + qsTr("GB")
         }
 
         GaugeItem {
@@ -68,7 +68,7 @@ Card {
             value: 0.45
             label: qsTr("RAM")
             color: Color.blue
-            valueText: "45 GB"
+            valueText: "45 " + qsTr("GB")
         }
 
         GaugeItem {

@@ -123,7 +123,7 @@ Item {
             width: gauges.cellWidth
             label: qsTr("CLOCK")
             value: 2.1
-            unit: "GHz"
+            unit: qsTr("GHz")
             max: 3
             color: Color.cyan
         }

@@ -178,7 +178,7 @@ Rectangle {
 
                     Label {
                         anchors.verticalCenter: parent.verticalCenter
-                        text: Format.whole("%lld rows", thresholds.datasetLimit)
+                        text: qsTr("%1 rows").arg(Format.whole("%lld", thresholds.datasetLimit))
                         font: Theme.monospaced(12)
                         color: Color.cyan
                     }

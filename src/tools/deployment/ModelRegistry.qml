@@ -37,7 +37,7 @@ Card {
             version: "v1.2.0"
             status: DeploymentVocabulary.ModelStatus.Active
             acc: "94.2%"
-            size: "7.2GB"
+            size: qsTr("7.2GB")
             date: qsTr("2 mins ago")
             isSelected: registry.selectedModel === version
             onClicked: registry.selected(version)
@@ -53,7 +53,7 @@ Card {
             version: "v1.1.5"
             status: DeploymentVocabulary.ModelStatus.Ready
             acc: "93.8%"
-            size: "7.2GB"
+            size: qsTr("7.2GB")
             date: qsTr("2 days ago")
             isSelected: registry.selectedModel === version
             onClicked: registry.selected(version)
@@ -69,7 +69,7 @@ Card {
             version: "v1.0.0"
             status: DeploymentVocabulary.ModelStatus.Archived
             acc: "91.5%"
-            size: "7.2GB"
+            size: qsTr("7.2GB")
             date: qsTr("1 week ago")
             isSelected: registry.selectedModel === version
             cornerRadius: registry.radius - 1

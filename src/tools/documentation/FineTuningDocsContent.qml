@@ -25,7 +25,7 @@ DocPage {
             width: parent.width
             title: qsTr("Full Fine-Tuning")
             description: qsTr("Updates all model weights. Requires significant VRAM.")
-            vram: "40GB+"
+            vram: qsTr("40GB+")
             speed: qsTr("Slow")
         }
 
@@ -33,7 +33,7 @@ DocPage {
             width: parent.width
             title: qsTr("LoRA")
             description: qsTr("Low-Rank Adaptation. Trains small adapter layers.")
-            vram: "16GB+"
+            vram: qsTr("16GB+")
             speed: qsTr("Medium")
         }
 
@@ -41,7 +41,7 @@ DocPage {
             width: parent.width
             title: qsTr("QLoRA")
             description: qsTr("Quantized LoRA. 4-bit quantization for efficiency.")
-            vram: "8GB+"
+            vram: qsTr("8GB+")
             speed: qsTr("Fast")
         }
     }

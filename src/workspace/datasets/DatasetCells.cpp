@@ -4,6 +4,10 @@
 #include "platform/Text.h"
 #include "service/Records.h"
 
+#include <QCoreApplication>
+
+#include <array>
+
 using namespace Qt::StringLiterals;
 
 namespace quillmere {
@@ -51,13 +55,26 @@ QString inOneLine(QString filename)
 
 } // namespace
 
+QString purposeTitle(const QString &purpose)
+{
+    constexpr std::array known{QT_TRANSLATE_NOOP("DatasetCells", "All"), QT_TRANSLATE_NOOP("DatasetCells", "Fine-Tune"),
+        QT_TRANSLATE_NOOP("DatasetCells", "Validation"), QT_TRANSLATE_NOOP("DatasetCells", "Test")};
+    const QString title = text::capitalized(purpose);
+    for (const char *word : known) {
+        if (title == QLatin1StringView(word)) {
+            return QCoreApplication::translate("DatasetCells", word);
+        }
+    }
+    return title;
+}
+
 DatasetCells DatasetCells::of(const DatasetInfo &dataset)
 {
     return {
         .id = dataset.id,
         .filename = inOneLine(dataset.filename),
         .icon = iconOf(dataset.filename),
-        .purpose = text::capitalized(dataset.purpose),
+        .purpose = purposeTitle(dataset.purpose),
         .purposeColor = colorOf(dataset.purpose),
         .size = text::byteCount(dataset.bytes),
         .uploaded = text::date(dataset.createdAt),

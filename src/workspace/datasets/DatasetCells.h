@@ -9,12 +9,16 @@ namespace quillmere {
 
 struct DatasetInfo;
 
+// What a dataset is for, in words: those that the program knows in the user's language, others as the service tells them, with each
+// word capitalised.
+QString purposeTitle(const QString &purpose);
+
 // A dataset as its row in the table shows it.
 struct DatasetCells {
     QString id;
     QString filename;
-    QString icon;    // by the end of the file's name, where case matters
-    QString purpose; // with each word capitalised
+    QString icon; // by the end of the file's name, where case matters
+    QString purpose;
     QColor purposeColor;
     QString size;
     QString uploaded; // the day

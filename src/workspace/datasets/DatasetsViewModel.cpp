@@ -73,7 +73,7 @@ QList<QString> DatasetsViewModel::purposeTitles()
 {
     QList<QString> titles;
     for (const QString &purpose : purposes()) {
-        titles.append(text::capitalized(purpose));
+        titles.append(purposeTitle(purpose));
     }
     return titles;
 }

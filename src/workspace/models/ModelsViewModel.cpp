@@ -26,11 +26,11 @@ QString ModelsVocabulary::rawValue(ModelFilter filter)
 {
     switch (filter) {
     case ModelFilter::All:
-        return u"All"_s;
+        return QString::fromLatin1(QT_TRANSLATE_NOOP("ModelsViewModel", "All"));
     case ModelFilter::Supported:
-        return u"Fine-tunable"_s;
+        return QString::fromLatin1(QT_TRANSLATE_NOOP("ModelsViewModel", "Fine-tunable"));
     case ModelFilter::Downloaded:
-        return u"Downloaded"_s;
+        return QString::fromLatin1(QT_TRANSLATE_NOOP("ModelsViewModel", "Downloaded"));
     }
     Q_UNREACHABLE();
 }
@@ -47,7 +47,7 @@ ModelRow ModelsViewModel::rowOf(const ModelInfo &model) const
 
 QString ModelsViewModel::filterTitle(ModelFilter filter)
 {
-    return ModelsVocabulary::rawValue(filter);
+    return tr(ModelsVocabulary::rawValue(filter).toLatin1());
 }
 
 QString ModelsViewModel::failureText() const

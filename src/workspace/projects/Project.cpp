@@ -1,5 +1,7 @@
 #include "workspace/projects/Project.h"
 
+#include <QCoreApplication>
+
 using namespace Qt::StringLiterals;
 
 namespace quillmere {
@@ -8,11 +10,11 @@ QString Project::rawValue(ProjectStatus status)
 {
     switch (status) {
     case ProjectStatus::active:
-        return u"Active"_s;
+        return QString::fromLatin1(QT_TRANSLATE_NOOP("ProjectRow", "Active"));
     case ProjectStatus::training:
-        return u"Training"_s;
+        return QString::fromLatin1(QT_TRANSLATE_NOOP("ProjectRow", "Training"));
     case ProjectStatus::archived:
-        return u"Archived"_s;
+        return QString::fromLatin1(QT_TRANSLATE_NOOP("ProjectRow", "Archived"));
     }
     Q_UNREACHABLE();
 }

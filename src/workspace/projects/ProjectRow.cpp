@@ -35,7 +35,7 @@ ProjectRow ProjectRow::of(const Project &project, const QDateTime &now)
         .description = project.description,
         .modelCount = QString::number(project.modelCount),
         .datasetCount = QString::number(project.datasetCount),
-        .badge = Project::rawValue(project.status),
+        .badge = QCoreApplication::translate("ProjectRow", Project::rawValue(project.status).toLatin1()),
         .statusColor = colorOf(project.status),
         .updatedText = {},
         .lastUpdated = project.lastUpdated,

@@ -21,8 +21,8 @@ QList<Project> sampleProjects(const QDateTime &now)
     return {
         {
             .id = u"1"_s,
-            .name = u"Medical LLM"_s,
-            .description = u"Fine-tuning Llama for medical Q&A"_s,
+            .name = ProjectsViewModel::tr("Medical LLM"),
+            .description = ProjectsViewModel::tr("Fine-tuning Llama for medical Q&A"),
             .modelCount = 2,
             .datasetCount = 5,
             .lastUpdated = now.addSecs(-3'600),
@@ -30,8 +30,8 @@ QList<Project> sampleProjects(const QDateTime &now)
         },
         {
             .id = u"2"_s,
-            .name = u"Code Assistant"_s,
-            .description = u"Custom coding assistant with LoRA"_s,
+            .name = ProjectsViewModel::tr("Code Assistant"),
+            .description = ProjectsViewModel::tr("Custom coding assistant with LoRA"),
             .modelCount = 1,
             .datasetCount = 3,
             .lastUpdated = now.addSecs(-86'400),
@@ -39,8 +39,8 @@ QList<Project> sampleProjects(const QDateTime &now)
         },
         {
             .id = u"3"_s,
-            .name = u"Customer Support Bot"_s,
-            .description = u"Support ticket classification and response"_s,
+            .name = ProjectsViewModel::tr("Customer Support Bot"),
+            .description = ProjectsViewModel::tr("Support ticket classification and response"),
             .modelCount = 1,
             .datasetCount = 2,
             .lastUpdated = now.addSecs(-172'800),

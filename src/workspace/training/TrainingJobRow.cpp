@@ -4,7 +4,10 @@
 #include "platform/Text.h"
 #include "service/Records.h"
 
+#include <QCoreApplication>
+
 #include <algorithm>
+#include <array>
 
 using namespace Qt::StringLiterals;
 
@@ -26,6 +29,21 @@ QColor colorOf(const QString &status)
     return Color::hex(u"A1A1AA"_s);
 }
 
+// Those that the program knows in the user's language, others as the service tells them.
+QString statusTitle(const QString &status)
+{
+    constexpr std::array known{QT_TRANSLATE_NOOP("TrainingJobRow", "Pending"),
+        QT_TRANSLATE_NOOP("TrainingJobRow", "Running"), QT_TRANSLATE_NOOP("TrainingJobRow", "Completed"),
+        QT_TRANSLATE_NOOP("TrainingJobRow", "Failed"), QT_TRANSLATE_NOOP("TrainingJobRow", "Cancelled")};
+    const QString title = text::capitalized(status);
+    for (const char *word : known) {
+        if (title == QLatin1StringView(word)) {
+            return QCoreApplication::translate("TrainingJobRow", word);
+        }
+    }
+    return title;
+}
+
 } // namespace
 
 TrainingJobRow TrainingJobRow::of(const FineTuneJob &job)
@@ -33,7 +51,7 @@ TrainingJobRow TrainingJobRow::of(const FineTuneJob &job)
     return {
         .id = job.id,
         .name = job.name,
-        .badge = text::capitalized(job.status),
+        .badge = statusTitle(job.status),
         .statusColor = colorOf(job.status),
         .isRunning = job.status == u"running"_s,
         .progressText = QString::number(job.progress) + u'%',

@@ -27,7 +27,7 @@ QList<FineTuneJob> sampleJobs(const QDateTime &now)
     return {
         {
             .id = u"ft-29384"_s,
-            .name = u"Medical LLaMA Fine-Tuning"_s,
+            .name = TrainingViewModel::tr("Medical LLaMA Fine-Tuning"),
             .status = u"running"_s,
             .progress = 67,
             .config = {},
@@ -39,7 +39,7 @@ QList<FineTuneJob> sampleJobs(const QDateTime &now)
         },
         {
             .id = u"ft-29381"_s,
-            .name = u"Code Assistant LoRA"_s,
+            .name = TrainingViewModel::tr("Code Assistant LoRA"),
             .status = u"completed"_s,
             .progress = 100,
             .config = {},
@@ -51,12 +51,12 @@ QList<FineTuneJob> sampleJobs(const QDateTime &now)
         },
         {
             .id = u"ft-29377"_s,
-            .name = u"Customer Support Bot"_s,
+            .name = TrainingViewModel::tr("Customer Support Bot"),
             .status = u"failed"_s,
             .progress = 23,
             .config = {},
             .metrics = {},
-            .errorMessage = u"Out of memory"_s,
+            .errorMessage = TrainingViewModel::tr("Out of memory"),
             .startedAt = ago(259'200),
             .completedAt = ago(259'000),
             .createdAt = ago(259'200),
@@ -70,13 +70,13 @@ QString TrainingVocabulary::rawValue(JobStatusFilter filter)
 {
     switch (filter) {
     case JobStatusFilter::All:
-        return u"All"_s;
+        return QString::fromLatin1(QT_TRANSLATE_NOOP("TrainingViewModel", "All"));
     case JobStatusFilter::Running:
-        return u"Running"_s;
+        return QString::fromLatin1(QT_TRANSLATE_NOOP("TrainingViewModel", "Running"));
     case JobStatusFilter::Completed:
-        return u"Completed"_s;
+        return QString::fromLatin1(QT_TRANSLATE_NOOP("TrainingViewModel", "Completed"));
     case JobStatusFilter::Failed:
-        return u"Failed"_s;
+        return QString::fromLatin1(QT_TRANSLATE_NOOP("TrainingViewModel", "Failed"));
     }
     Q_UNREACHABLE();
 }
@@ -98,7 +98,7 @@ bool TrainingVocabulary::passes(JobStatusFilter filter, const QString &status)
 
 QString TrainingViewModel::filterTitle(JobStatusFilter filter)
 {
-    return TrainingVocabulary::rawValue(filter);
+    return tr(TrainingVocabulary::rawValue(filter).toLatin1());
 }
 
 void TrainingViewModel::setJobs(QList<FineTuneJob> jobs)
