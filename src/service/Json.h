@@ -10,7 +10,6 @@
 #include <QJsonObject>
 #include <QJsonValue>
 #include <QList>
-#include <QMap>
 #include <QMetaType>
 #include <QString>
 
@@ -25,8 +24,8 @@
 #include <vector>
 
 // JSON (RFC 8259) to records and back: decode() and encode() below. A record lists its fields (platform/Fields.h); a
-// field is a bool, a qint64, a QString, a QDateTime, an AnyCodable, a map from string to AnyCodable, another record, or
-// a QList or std::optional of these.
+// field is a bool, a qint64, a QString, a QDateTime, an AnyCodable, an AnyCodableMap, another record, or a QList or
+// std::optional of these.
 //
 // Decoding is strict, and all or nothing. An optional field is absent where its key is missing or its value is null;
 // anything else missing or of the wrong type fails the whole. A whole number may be written 1, 1.0 or 1e3. A date is the
@@ -52,6 +51,26 @@ concept Record = requires
 
 template <typename T> constexpr bool isOptional = false;
 template <typename T> constexpr bool isOptional<std::optional<T>> = true;
+
+// The name of a field, and the key in snake case that stands for it: the usual one, as our service spells it.
+struct FieldName {
+    constexpr explicit FieldName(std::string_view name) : field(name)
+    {
+        for (const char c : name) {
+            const bool isUpper = c >= 'A' && c <= 'Z';
+            if (isUpper) {
+                spelled.at(length++) = '_';
+            }
+            spelled.at(length++) = isUpper ? char(c - 'A' + 'a') : c;
+        }
+    }
+
+    constexpr std::string_view snakeCase() const { return {spelled.data(), length}; }
+
+    std::string_view field;
+    std::array<char, 48> spelled{};
+    std::size_t length = 0;
+};
 
 // What did not fit, and where: the path of fields and places from the outermost value, put together on the way out.
 class Mismatch {
@@ -90,7 +109,7 @@ public:
     bool read(Value value, QString &to);
     bool read(Value value, QDateTime &to);
     bool read(Value value, AnyCodable &to);
-    bool read(Value value, QMap<QString, AnyCodable> &to);
+    bool read(Value value, AnyCodableMap &to);
 
     template <typename T> bool read(Value value, std::optional<T> &to)
     {
@@ -121,14 +140,14 @@ public:
     {
         static constexpr auto fields = T::fields();
         static constexpr auto names =
-            std::apply([](const auto &...field) { return std::array{std::string_view(field.name)...}; }, fields);
+            std::apply([](const auto &...field) { return std::array{FieldName(field.name)...}; }, fields);
         std::array<Value, names.size()> found;
         if (!readFields(value, names, found)) {
             return false;
         }
         return [&]<std::size_t... i>(std::index_sequence<i...>)
         {
-            return ((read(found[i], to.*std::get<i>(fields).member) || within(names[i])) && ...);
+            return ((read(found[i], to.*std::get<i>(fields).member) || within(names[i].field)) && ...);
         }
         (std::make_index_sequence<names.size()>());
     }
@@ -141,10 +160,10 @@ private:
     bool mismatch(Value value, const QString &problem);
     bool readElements(Value value, std::vector<Value> &to);
     // Puts beside each name the value that an object holds for it.
-    bool readFields(Value value, std::span<const std::string_view> names, std::span<Value> found);
+    bool readFields(Value value, std::span<const FieldName> names, std::span<Value> found);
 
-    struct Parser;
-    std::unique_ptr<Parser> m_parser;
+    struct Document;
+    std::unique_ptr<Document> m_document;
     Value m_root;
 };
 
@@ -158,7 +177,7 @@ public:
     bool write(const QString &value, QJsonValue &to);
     bool write(const QDateTime &value, QJsonValue &to);
     bool write(const AnyCodable &value, QJsonValue &to);
-    bool write(const QMap<QString, AnyCodable> &value, QJsonValue &to);
+    bool write(const AnyCodableMap &value, QJsonValue &to);
 
     template <typename T> bool write(const std::optional<T> &value, QJsonValue &to)
     {

@@ -5,7 +5,6 @@
 
 #include <QDateTime>
 #include <QList>
-#include <QMap>
 #include <QString>
 
 #include <optional>
@@ -20,8 +19,8 @@ struct FineTuneJob {
     QString name;
     QString status;
     qint64 progress = 0;
-    std::optional<QMap<QString, AnyCodable>> config;
-    std::optional<QMap<QString, AnyCodable>> metrics;
+    std::optional<AnyCodableMap> config;
+    std::optional<AnyCodableMap> metrics;
     std::optional<QString> errorMessage;
     std::optional<QDateTime> startedAt;
     std::optional<QDateTime> completedAt;

@@ -111,6 +111,25 @@ private slots:
         QCOMPARE(decoded->value.toMap(), QVariantMap({{u"a"_s, u"x"_s}, {u"b"_s, whole(2)}}));
     }
 
+    // It stays in the document, which the records of a reply share; that must outlive the reply and the other records.
+    void leavesAMapReadableWhenNothingElseOfItsReplyIsLeft()
+    {
+        AnyCodableMap map;
+        {
+            QByteArray reply = R"([{"a":1},{"a":[2,"b"],"c":{"d":null},"a":[3]}])";
+            auto decoded = decode<QList<AnyCodableMap>>(reply, KeyCoding::SnakeCase);
+            QVERIFY(decoded);
+            map = decoded->last();
+            reply.fill('x');
+        }
+
+        const QMap<QString, AnyCodable> values = map.toMap();
+        QCOMPARE(values.keys(), QStringList({u"a"_s, u"c"_s}));
+        QCOMPARE(values[u"a"_s].value, QVariant(QVariantList{whole(3)}));
+        QCOMPARE(values[u"c"_s].value, QVariant(QVariantMap{{u"d"_s, QVariant()}}));
+        QCOMPARE(*encode(map, KeyCoding::SnakeCase), R"({"a":[3],"c":{"d":null}})");
+    }
+
     // Strings that recur are shared while decoding; sharing must not mix them up.
     void keepsManyDifferentKeysAndTextsApart()
     {

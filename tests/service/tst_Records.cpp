@@ -173,9 +173,9 @@ private slots:
         QCOMPARE(job.name, u"Support"_s);
         QCOMPARE(job.status, u"completed"_s);
         QCOMPARE(job.progress, 100);
-        QCOMPARE(job.config->keys(), QStringList({u"base_model"_s, u"learning_rate"_s}));
-        QCOMPARE(job.config->value(u"base_model"_s).value, QVariant(u"llama"_s));
-        QCOMPARE(job.metrics->value(u"final_loss"_s).value, QVariant(0.25));
+        QCOMPARE(job.config->toMap().keys(), QStringList({u"base_model"_s, u"learning_rate"_s}));
+        QCOMPARE(job.config->toMap().value(u"base_model"_s).value, QVariant(u"llama"_s));
+        QCOMPARE(job.metrics->toMap().value(u"final_loss"_s).value, QVariant(0.25));
         QCOMPARE(job.errorMessage, std::optional(u"none"_s));
         QCOMPARE(job.startedAt, std::optional(may(1, 13)));
         QCOMPARE(job.completedAt, std::optional(may(2, 15)));
