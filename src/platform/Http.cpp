@@ -5,6 +5,8 @@
 
 #include <QCoreApplication>
 #include <QIODevice>
+#include <QNetworkAccessManager>
+#include <QNetworkProxy>
 #include <QNetworkReply>
 
 #include <algorithm>
@@ -44,12 +46,12 @@ public:
     }
 
     bool isSequential() const override { return true; }
-    // After a 307 or 308 Qt rewinds the body and reports an error if that fails, although it then sends nothing again.
-    bool seek(qint64) override { return isAnswered; }
+    bool seek(qint64) override { return isRedirected; }
     bool atEnd() const override { return m_left == 0; }
     qint64 bytesAvailable() const override { return m_left; }
 
-    bool isAnswered = false; // the head of a reply is there
+    // After a 307 or 308 Qt rewinds the body and reports an error if that fails, although it then sends nothing again.
+    bool isRedirected = false;
 
 protected:
     qint64 readData(char *data, qint64 maxSize) override
@@ -77,6 +79,14 @@ private:
     qint64 m_left = 0;
 };
 
+// Has the socket find its proxy itself, as it would anyway, because Qt then buffers what it reads. Otherwise it reads what has no
+// TLS around it unbuffered, and may notice the end of a connection between two looks at it: half a body passes for a whole one
+// then, a whole one for half of one, and the request is sent again.
+class BufferedSockets : public QNetworkProxyFactory {
+public:
+    QList<QNetworkProxy> queryProxy(const QNetworkProxyQuery &) override { return {QNetworkProxy::DefaultProxy}; }
+};
+
 // Whether the library reports more than the status says anyway: it has an error of its own for every status from 400 up.
 bool isFailure(QNetworkReply::NetworkError error, int status)
 {
@@ -89,7 +99,7 @@ bool isFailure(QNetworkReply::NetworkError error, int status)
 
 } // namespace
 
-// One request and its reply, on the wire once.
+// One request and its reply, on the wire once, with a manager of Qt's and thus a connection of its own.
 class HttpSession::Exchange : public QObject {
 public:
     Exchange(HttpSession &session, const HttpRequest &request) : m_session(session)
@@ -103,6 +113,7 @@ public:
             wire.setRawHeader(name, value);
         }
         wire.setHeader(QNetworkRequest::ContentLengthHeader, length);
+        wire.setRawHeader("Connection", "close");
         wire.setAttribute(QNetworkRequest::DoNotBufferUploadDataAttribute, true);
         wire.setAttribute(QNetworkRequest::RedirectPolicyAttribute, QNetworkRequest::ManualRedirectPolicy);
         wire.setAttribute(QNetworkRequest::CookieLoadControlAttribute, QNetworkRequest::Manual);
@@ -110,14 +121,17 @@ public:
         wire.setAttribute(QNetworkRequest::AuthenticationReuseAttribute, QNetworkRequest::Manual);
         wire.setAttribute(QNetworkRequest::Http2AllowedAttribute, false);
 
+        auto *manager = new QNetworkAccessManager(&session.m_managers);
+        manager->setProxyFactory(new BufferedSockets);
         auto *body = new OneWayBody(request.body);
-        m_reply = session.m_manager.sendCustomRequest(wire, request.method, body);
+        m_reply = manager->sendCustomRequest(wire, request.method, body);
         body->setParent(m_reply); // which may read it for as long as it is there itself
         m_reply->setReadBufferSize(1 << 20);
         m_session.m_underWay.insert(this);
 
         connect(m_reply, &QNetworkReply::metaDataChanged, this, [this, body] {
-            body->isAnswered = true;
+            const int status = m_reply->attribute(QNetworkRequest::HttpStatusCodeAttribute).toInt();
+            body->isRedirected = status == 307 || status == 308;
             takeBytes();
         });
         connect(m_reply, &QNetworkReply::readyRead, this, &Exchange::takeBytes);
@@ -135,7 +149,7 @@ public:
         clock().cancel(m_deadline);
         // The library may still touch its reply until the event loop comes round again.
         m_reply->disconnect(this);
-        m_reply->deleteLater();
+        m_reply->manager()->deleteLater();
     }
 
     // Whoever awaits goes on before this returns, and may take the exchange with it.
@@ -237,11 +251,6 @@ private:
 HttpSession &HttpSession::shared()
 {
     return Environment::current().shared<HttpSession>();
-}
-
-HttpSession::HttpSession()
-{
-    m_manager.setAutoDeleteReplies(false);
 }
 
 HttpSession::~HttpSession()

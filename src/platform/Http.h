@@ -6,7 +6,7 @@
 
 #include <QByteArray>
 #include <QList>
-#include <QNetworkAccessManager>
+#include <QObject>
 #include <QUrl>
 
 #include <chrono>
@@ -33,6 +33,9 @@ struct HttpResponse {
 
 // The program's one way to the network: HTTP/1.1, no cache, no cookies, nothing sent twice.
 //
+// Every request has a connection of its own. One that has served before may just be ending, or have died while the computer slept,
+// and would take the request with it, as nothing is sent again.
+//
 // A request fails as Transport when no whole reply came: connection or TLS failed, it was cut, a body of status 200 to 299 could
 // not be unpacked, 60 s went by without a byte of either body (the head of a reply counts as one byte), the reply took ten
 // minutes from its first byte, or it is larger than 64 MB. Otherwise the status decides, and that is the caller's business.
@@ -48,7 +51,7 @@ public:
 
     static HttpSession &shared();
 
-    HttpSession();
+    HttpSession() = default;
     // Requests under way fail before this returns.
     ~HttpSession();
     Q_DISABLE_COPY_MOVE(HttpSession)
@@ -58,7 +61,7 @@ public:
 private:
     class Exchange;
 
-    QNetworkAccessManager m_manager;
+    QObject m_managers; // of Qt's, one for each request
     std::set<Exchange *> m_underWay;
 };
 

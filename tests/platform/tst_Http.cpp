@@ -417,10 +417,9 @@ private slots:
 
     void failsWhereNobodyListens()
     {
-        QTcpServer closed;
-        QVERIFY(closed.listen(QHostAddress::LocalHost));
-        const QUrl nobody(u"http://127.0.0.1:%1/"_s.arg(closed.serverPort()));
-        closed.close();
+        QTcpSocket deaf;
+        QVERIFY(deaf.bind(QHostAddress::LocalHost));
+        const QUrl nobody(u"http://127.0.0.1:%1/"_s.arg(deaf.localPort()));
         Sent sent({"GET", nobody, {}, {}});
         QVERIFY(sent.fails());
         QVERIFY(!sent.failure().isEmpty());
@@ -451,7 +450,6 @@ private slots:
     {
         QFETCH(QByteArray, method);
         QFETCH(QList<QByteArray>, body);
-        // The connection is one that has served before, where the library is quickest to try again.
         service().on("GET /before").answers(200, "{}");
         service().on(method + " /it").closesWithoutReply();
         QCOMPARE(get(u"/before"_s).response().status, 200);
@@ -467,6 +465,39 @@ private slots:
         service().on(method + " /it").sendsRaw("HTTP/1.1 200 OK\r\nContent-Length: 100\r\n\r\n{\"data\":");
         QVERIFY(send(method, body).fails());
         QCOMPARE(service().requests().size(), 1);
+    }
+
+    void takesAReplyThatEndsWithItsConnection()
+    {
+        // Many times, because its end may come at any point of the library's reading.
+        service().on("GET /it").sendsRaw("HTTP/1.0 200 OK\r\n\r\n" + QByteArray(20'000, 'x'));
+        for (int i = 1; i <= 50; ++i) {
+            const HttpResponse response = get(u"/it"_s).response();
+            QCOMPARE(response.status, 200);
+            QCOMPARE(response.body.size(), 20'000);
+            QCOMPARE(service().requests().size(), i);
+        }
+    }
+
+    void hasAConnectionOfItsOwnForEachRequest()
+    {
+        QTcpServer server;
+        QVERIFY(server.listen(QHostAddress::LocalHost));
+        int connections = 0;
+        QObject::connect(&server, &QTcpServer::newConnection, &server, [&] {
+            ++connections;
+            QTcpSocket *socket = server.nextPendingConnection();
+            QObject::connect(socket, &QTcpSocket::readyRead, socket, [socket] {
+                if (socket->readAll().contains("\r\n\r\n")) {
+                    socket->write("HTTP/1.1 200 OK\r\nContent-Length: 2\r\n\r\n{}");
+                }
+            });
+        });
+        const QUrl there(u"http://127.0.0.1:%1/it"_s.arg(server.serverPort()));
+        for (int i = 1; i <= 3; ++i) {
+            QCOMPARE(Sent({"GET", there, {}, {}}).response().body, QByteArray("{}"));
+            QCOMPARE(connections, i);
+        }
     }
 
     void sendsAnUploadOnceWhenItIsCut()
