@@ -4,8 +4,6 @@
 #include "platform/Environment.h"
 #include "platform/Http.h"
 
-#include <QTcpSocket>
-
 using namespace Qt::StringLiterals;
 
 namespace quillmere::testing {
@@ -103,6 +101,13 @@ QByteArray deflated(const QByteArray &content)
 QByteArray withUnknownField(const QByteArray &reply, const QByteArray &value)
 {
     return "{\"x\": " + value + ", " + reply.mid(1);
+}
+
+// Bound and not merely free, so that no other program takes it meanwhile.
+QString originWhereNobodyListens(Scene &scene)
+{
+    scene.deaf.bind(QHostAddress::LocalHost);
+    return u"http://127.0.0.1:%1"_s.arg(scene.deaf.localPort());
 }
 
 // Faults that are told by what is sent
@@ -456,10 +461,8 @@ QList<Fault> chunks()
                 return chunked(chunk(half(reply)) + chunk(otherHalf(reply), "ZZ") + lastChunk);
             },
             unreadable()),
-        // Whose end the library does not notice.
-        {u"no chunk where chunks are told"_s,
-            [](Scene &scene) { scene.route().sendsRaw(chunked(scene.operation.reply)); }, failing(ending::timedOut),
-            Wait::AMinuteFromThere},
+        raw(
+            u"no chunk where chunks are told"_s, [](const QByteArray &reply) { return chunked(reply); }, brokenOff()),
     };
 }
 
@@ -782,12 +785,8 @@ QList<Fault> redirections()
             followedTo(ending::unreadable), {1, 1}),
     };
     Fault refused = redirected(u"to a port where nobody listens"_s, 302,
-        [](Scene &) {
-            QTcpServer closed;
-            closed.listen(QHostAddress::LocalHost);
-            return "http://127.0.0.1:" + QByteArray::number(closed.serverPort()) + "/there";
-        },
-        followedTo(ending::brokenOff), {1, 0});
+        [](Scene &scene) { return originWhereNobodyListens(scene).toUtf8() + "/there"; }, followedTo(ending::brokenOff),
+        {1, 0});
     all.append(refused);
     return all;
 }
@@ -818,6 +817,15 @@ QList<Fault> tls()
         scene.world.service.on("GET /there").answers(200, scene.operation.reply);
         scene.other.on("GET /there").answers(200, scene.operation.reply);
     };
+    const auto sent = [=](const QString &name, const Bytes &bytes, const Endings &endings) {
+        return Fault{name,
+            [=](Scene &scene) {
+                scene.trust = std::make_unique<Trust>(ownCertificate());
+                behindADoor(scene, ownCertificate());
+                scene.route().sendsRaw(bytes(scene.operation.reply));
+            },
+            endings};
+    };
     QList<Fault> all{
         {u"TLS"_s,
             [=](Scene &scene) {
@@ -825,6 +833,18 @@ QList<Fault> tls()
                 behindADoor(scene, ownCertificate());
             },
             given()},
+        sent(
+            u"TLS and a body up to the end of the connection"_s,
+            [](const QByteArray &reply) { return head({}) + reply; }, given()),
+        sent(
+            u"TLS cut before the reply"_s, [](const QByteArray &) { return QByteArray(); }, brokenOff()),
+        sent(
+            u"TLS cut in the head"_s, [](const QByteArray &reply) { return whole(reply).left(25); }, brokenOff()),
+        sent(
+            u"TLS cut in the body"_s, [](const QByteArray &reply) { return whole(reply).chopped(7); }, brokenOff()),
+        sent(
+            u"TLS cut before the last chunk"_s, [](const QByteArray &reply) { return chunked(chunk(reply)); },
+            brokenOff()),
         {u"TLS with a certificate that nobody vouches for"_s,
             [=](Scene &scene) { behindADoor(scene, ownCertificate()); }, brokenOff(), Wait::No, {0, 0}, {0, 0}},
         {u"TLS with somebody else's certificate"_s,
@@ -855,13 +875,8 @@ QList<Fault> tls()
                 scene.asksAt(u"https://127.0.0.1:%1"_s.arg(scene.stranger->serverPort()));
             },
             failing(ending::timedOut), Wait::AMinuteFromThere, {0, 0}, {0, 0}},
-        {u"nobody listens"_s,
-            [](Scene &scene) {
-                QTcpServer closed;
-                closed.listen(QHostAddress::LocalHost);
-                scene.asksAt(u"http://127.0.0.1:%1"_s.arg(closed.serverPort()));
-            },
-            brokenOff(), Wait::No, {0, 0}, {0, 0}},
+        {u"nobody listens"_s, [](Scene &scene) { scene.asksAt(originWhereNobodyListens(scene)); }, brokenOff(),
+            Wait::No, {0, 0}, {0, 0}},
         {u"from TLS to another path"_s,
             [=](Scene &scene) {
                 scene.trust = std::make_unique<Trust>(ownCertificate());

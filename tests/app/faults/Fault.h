@@ -5,6 +5,7 @@
 #include "support/TlsDoor.h"
 
 #include <QTcpServer>
+#include <QTcpSocket>
 
 #include <functional>
 #include <memory>
@@ -33,6 +34,7 @@ struct Scene {
     std::unique_ptr<TlsDoor> door;
     std::unique_ptr<QTcpServer> stranger; // who knows no HTTP
     int strangersCallers = 0;
+    QTcpSocket deaf; // has a port for itself at which nobody listens
 };
 
 namespace ending {
