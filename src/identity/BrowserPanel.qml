@@ -39,7 +39,8 @@ Card {
             wrapMode: Text.Wrap
         }
 
-        Row {
+        Flow {
+            width: parent.width
             spacing: 8
 
             SecondaryButton {

@@ -309,19 +309,6 @@ QQuickItem *Tour::foremost() const
     return front;
 }
 
-QList<QQuickItem *> Tour::itemsIn(const QQuickItem *item)
-{
-    QList<QQuickItem *> items;
-    for (QQuickItem *child : item->childItems()) {
-        if (child->isVisible()) {
-            child->ensurePolished();
-            items.append(child);
-            items.append(itemsIn(child));
-        }
-    }
-    return items;
-}
-
 QQuickItem *Tour::around(QQuickItem *item, const QString &type)
 {
     while (item && !isOf(item, type)) {

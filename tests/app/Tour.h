@@ -31,8 +31,6 @@ public:
     FakeClock &clock() { return m_world->clock; }
     // What takes input there: the topmost sheet, popover, menu or alert, or else the window's content.
     QQuickItem *foremost() const;
-    // All that stands in an item, seen or faded out, but for what is hidden.
-    static QList<QQuickItem *> itemsIn(const QQuickItem *item);
     // By QML type, "Card" say; the item itself or the nearest around it that is one. Null where there is none.
     static QQuickItem *around(QQuickItem *item, const QString &type);
 

@@ -41,12 +41,12 @@ QList<QQuickItem *> shownChildren(const QQuickItem *item)
     return delegates;
 }
 
-void collect(const QQuickItem *below, QList<QQuickItem *> &items)
+void collect(const QQuickItem *below, bool fadedOut, QList<QQuickItem *> &items)
 {
     for (QQuickItem *child : shownChildren(below)) {
-        if (child->isVisible() && child->opacity() > 0) {
+        if (child->isVisible() && (fadedOut || child->opacity() > 0)) {
             items.append(child);
-            collect(child, items);
+            collect(child, fadedOut, items);
             // Columns and rows put their items into place before the next frame only.
             child->ensurePolished();
         }
@@ -69,7 +69,7 @@ bool isOf(const QQuickItem *item, const QString &type)
 QList<QQuickItem *> Window::seen(const QQuickItem *in) const
 {
     QList<QQuickItem *> items;
-    collect(in ? in : m_window.contentItem(), items);
+    collect(in ? in : m_window.contentItem(), false, items);
     std::stable_sort(items.begin(), items.end(), [](const QQuickItem *a, const QQuickItem *b) {
         const QPointF one = placeOf(a).topLeft();
         const QPointF other = placeOf(b).topLeft();
@@ -174,6 +174,13 @@ std::unique_ptr<QQuickView> openView(const QString &file, QSize size)
     // Out of the way.
     QTest::mouseMove(view.get(), QPoint(size.width() - 1, size.height() - 1));
     return view;
+}
+
+QList<QQuickItem *> itemsIn(const QQuickItem *item)
+{
+    QList<QQuickItem *> items;
+    collect(item, true, items);
+    return items;
 }
 
 void failOnWarnings()

@@ -41,6 +41,9 @@ private:
 // Shows a QML file of the program, "Identity/LoginView.qml" say, in a window of its own.
 std::unique_ptr<QQuickView> openView(const QString &file, QSize size);
 
+// All that stands in an item, seen or faded out, but for what is hidden or kept by a list for later use.
+QList<QQuickItem *> itemsIn(const QQuickItem *item);
+
 // From here on whatever Qt warns about fails the test function that runs.
 void failOnWarnings();
 

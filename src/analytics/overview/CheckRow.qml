@@ -1,10 +1,11 @@
-// The checks side by side in one line. Where it is too short for them they give way to one another, each as far as its longest word.
+// The checks side by side in one line. Where it is too short for them they give way to one another, each as far as its longest word,
+// and then go on in a second line.
 pragma ComponentBehavior: Bound
 
 import QtQuick
 import Quillmere.Analytics
 
-Row {
+Flow {
     id: row
 
     property alias checks: items.model
@@ -12,6 +13,7 @@ Row {
     readonly property real room: width - spacing * (items.count - 1)
     readonly property real widest: sum(item => item.implicitWidth)
     readonly property real narrowest: sum(item => item.minimumWidth)
+    readonly property real tallest: most(item => item.implicitHeight)
     // From 0, each at its narrowest, to 1, each in one line.
     readonly property real ease: widest > narrowest ? Math.max(0, Math.min((room - narrowest) / (widest - narrowest), 1)) : 1
 
@@ -24,6 +26,15 @@ Row {
         return total;
     }
 
+    function most(height): real {
+        let greatest = 0;
+        for (let i = 0; i < items.count; ++i) {
+            const item = items.itemAt(i) as CheckItem;
+            greatest = Math.max(greatest, item ? height(item) : 0);
+        }
+        return greatest;
+    }
+
     spacing: 20
 
     Repeater {
@@ -32,8 +43,8 @@ Row {
         CheckItem {
             required property datasetCheck modelData
 
-            anchors.verticalCenter: parent?.verticalCenter
             width: minimumWidth + Math.floor(row.ease * (implicitWidth - minimumWidth))
+            height: row.tallest
             label: modelData.label
             status: modelData.status
         }

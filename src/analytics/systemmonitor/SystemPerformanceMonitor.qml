@@ -138,9 +138,11 @@ Item {
         spacing: 4
 
         Label {
+            width: strip.width
             text: qsTr("THROUGHPUT (TOK/S)")
             font: Theme.monospaced(10, Font.Bold)
             color: Color.gray
+            elide: Text.ElideRight
         }
 
         Rectangle {

@@ -70,6 +70,7 @@ Rectangle {
         anchors.bottom: parent.bottom
         width: parent.width
         contentHeight: fields.height
+        Accessible.name: qsTr("Properties")
 
         Column {
             id: fields

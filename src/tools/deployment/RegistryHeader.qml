@@ -18,6 +18,7 @@ Row {
         width: 80
         font: Theme.system(11, Font.DemiBold)
         color: Color.gray
+        elide: Text.ElideRight
         Accessible.role: Accessible.ColumnHeader
     }
 

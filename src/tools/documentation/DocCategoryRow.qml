@@ -37,10 +37,12 @@ PlainButton {
             id: label
 
             x: symbol.width + 12
+            width: parent.width - x
             anchors.verticalCenter: parent.verticalCenter
             text: row.text
             font: Theme.bodyFont
             color: row.labelColor
+            elide: Text.ElideRight
             Accessible.ignored: true
         }
     }

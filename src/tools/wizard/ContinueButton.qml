@@ -6,7 +6,7 @@ import Quillmere.Theme
 ButtonBase {
     id: button
 
-    implicitWidth: 120
+    implicitWidth: Math.max(120, Math.ceil(parts.implicitWidth) + 24)
     implicitHeight: 40
     text: qsTr("Continue")
     font: Theme.rounded(14, Font.DemiBold)
@@ -16,6 +16,8 @@ ButtonBase {
 
     contentItem: Item {
         Row {
+            id: parts
+
             anchors.centerIn: parent
             spacing: button.spacing
 

@@ -884,6 +884,40 @@ private slots:
         QCOMPARE(m_view->activeFocusItem(), node(0));
     }
 
+    void goesFromNodeToNodeWithTheArrowKeys()
+    {
+        open();
+        node(0)->forceActiveFocus(Qt::TabFocusReason);
+        // In the order in which they came, and no further than to the ends.
+        const QList<std::pair<Qt::Key, int>> way{{Qt::Key_Up, 0}, {Qt::Key_Right, 1}, {Qt::Key_Down, 2},
+            {Qt::Key_Right, 2}, {Qt::Key_Left, 1}, {Qt::Key_Up, 0}, {Qt::Key_Left, 0}};
+        for (const auto &[key, index] : way) {
+            m_window->press(key);
+            QCOMPARE(m_view->activeFocusItem(), node(index));
+        }
+        QVERIFY(!m_agents->hasSelectedNode());
+    }
+
+    void letsGoOfTheSelectedNodeWithEscape_data()
+    {
+        QTest::addColumn<bool>("fromItsName");
+        QTest::newRow("from the canvas") << false;
+        QTest::newRow("from a field of the inspector") << true;
+    }
+    void letsGoOfTheSelectedNodeWithEscape()
+    {
+        QFETCH(bool, fromItsName);
+        open();
+        m_window->click(node(2));
+        if (fromItsName) {
+            m_window->click(m_window->field(u"Name"_s));
+        }
+        m_window->press(Qt::Key_Escape);
+        QVERIFY(!m_agents->hasSelectedNode());
+        QVERIFY(eventually([&] { return !inspector(); }));
+        QCOMPARE(m_view->activeFocusItem(), node(2));
+    }
+
     void takesNoneOfTheShortcutsThatTheDocumentationLists()
     {
         open();
