@@ -104,7 +104,8 @@ struct LibsecretStore::Worker : public QThread {
         }
     }
 
-    void end()
+    // Whether it has ended.
+    bool end()
     {
         {
             const std::lock_guard lock(mutex);
@@ -112,10 +113,11 @@ struct LibsecretStore::Worker : public QThread {
         }
         changed.notify_one();
         // A save or removal that was said just before the end gets its chance; a keyring that does not answer does not.
-        if (!wait(QDeadlineTimer(2000))) {
-            g_cancellable_cancel(cancellable);
-            wait();
+        if (wait(QDeadlineTimer(2000))) {
+            return true;
         }
+        g_cancellable_cancel(cancellable);
+        return wait(QDeadlineTimer(1000));
     }
 };
 
@@ -125,7 +127,10 @@ LibsecretStore::LibsecretStore() : m_worker(std::make_unique<Worker>())
 
 LibsecretStore::~LibsecretStore()
 {
-    m_worker->end();
+    if (!m_worker->end()) {
+        // libsecret waits until a prompt is taken back, and whoever shows it may not do that. The thread ends with the process.
+        static_cast<void>(m_worker.release());
+    }
 }
 
 void LibsecretStore::save(const QString &value, const QString &account)

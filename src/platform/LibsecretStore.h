@@ -13,7 +13,7 @@ namespace quillmere {
 class LibsecretStore : public SecretStore {
 public:
     LibsecretStore();
-    // Ends what is under way and waits for the thread.
+    // Ends what is under way and waits for the thread, three seconds at most.
     ~LibsecretStore() override;
 
     void save(const QString &value, const QString &account) override;

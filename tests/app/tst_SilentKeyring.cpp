@@ -1,9 +1,11 @@
 #include "app/Quillmere_StudioApp.h"
 #include "app/RootViewState.h"
 #include "identity/AuthManager.h"
+#include "identity/LoginViewModel.h"
 #include "platform/Keyring.h"
 #include "platform/KeyringProcess.h"
 #include "platform/LibsecretStore.h"
+#include "platform/SilentPrompter.h"
 #include "service/QuillmereAPIClient.h"
 #include "support/TestEnvironment.h"
 #include "support/Window.h"
@@ -95,6 +97,33 @@ private slots:
 
         m_keyring->goesOn();
         QVERIFY(eventually([] { return keyring::itemCount(tokenEntry) == 0; }));
+    }
+
+    void aPromptThatNobodyAnswersHoldsUpNeitherTheWindowNorTheSignIn()
+    {
+        QVERIFY(keyring::locks());
+        auto prompter = std::make_unique<keyring::SilentPrompter>();
+        opens();
+        m_world->clock.advance(RootViewState::splashTime);
+        QVERIFY(eventually([&] { return prompter->isAsked(); }));
+        QVERIFY(drawsManyFrames());
+        QVERIFY(!isLogin());
+        m_world->clock.advance(RootViewState::storePatience);
+        QVERIFY(eventually([this] { return isLogin(); }));
+
+        const QString token = m_world->service.signsIn(address);
+        LoginViewModel().handleCallback(QUrl(u"com.quillmere.studio://callback#access_token="_s + token));
+        QVERIFY(eventually([this] { return isMain() && !isLogin(); }));
+        QVERIFY(drawsManyFrames());
+        QVERIFY(m_world->service.requests().isEmpty()); // which wait for the token
+
+        // The keyring is unlocked by other means, and takes the question back.
+        QVERIFY(keyring::unlocks());
+        prompter.reset();
+        QVERIFY(eventually([&] { return !m_world->service.requests().isEmpty(); }));
+        QCOMPARE(m_world->service.requests().constFirst().header("Authorization"), "Bearer " + token.toUtf8());
+        QCOMPARE(keyring::secret(tokenEntry), token.toStdString());
+        QVERIFY(isMain() && auth().isAuthenticated());
     }
 
     void aKeyringThatDiesLeavesTheWindowAsItIs()

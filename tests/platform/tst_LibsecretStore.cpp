@@ -2,6 +2,7 @@
 
 #include "Keyring.h"
 #include "KeyringProcess.h"
+#include "SilentPrompter.h"
 
 #include <QCoroTask>
 
@@ -170,6 +171,35 @@ int useKeyringUnlockedLater()
     return 0;
 }
 
+// "--prompting": a locked keyring that has somebody asked who does not answer, until the question is withdrawn.
+int usePromptingKeyring()
+{
+    LibsecretStore store;
+    store.save(u"kept"_s, u"account"_s);
+    say("at first: " + Read(store, u"account"_s).answer().toUtf8());
+    say(keyring::locks() ? "locked" : "not locked");
+    auto prompter = std::make_unique<keyring::SilentPrompter>();
+    const Read read(store, u"account"_s);
+    say(QTest::qWaitFor([&] { return prompter->isAsked(); }, 30'000) ? "asked" : "not asked");
+    say(turnsUnanswered({read}) ? "event loop: free" : "event loop: blocked");
+    say(keyring::unlocks() ? "unlocked" : "not unlocked");
+    prompter.reset();
+    say("withdrawn: " + read.answer().toUtf8());
+    say("then: " + Read(store, u"account"_s).answer().toUtf8());
+    return 0;
+}
+
+// "--silent-prompter": stands still altogether once it is asked.
+int keepPromptsSilent()
+{
+    const keyring::SilentPrompter prompter;
+    say(prompter.stands() ? "stands" : "does not stand");
+    const bool asked = QTest::qWaitFor([&] { return prompter.isAsked(); }, 30'000);
+    say(asked ? "asked" : "not asked");
+    std::raise(SIGSTOP);
+    return 0;
+}
+
 // "--silent-service": takes the Secret Service's name and never says a word.
 int keepSilent()
 {
@@ -281,6 +311,23 @@ private:
     QProcess m_process;
     QByteArray m_said;
 };
+
+// "--prompting-to-the-end": a locked keyring that has somebody asked who neither answers nor takes the question back.
+int useKeyringPromptingToTheEnd()
+{
+    say(keyring::stores("account", "kept") && keyring::locks() ? "locked" : "not locked");
+    Child prompter(u"--silent-prompter"_s, qEnvironmentVariable("DBUS_SESSION_BUS_ADDRESS"));
+    say(prompter.says("stands") ? "stands" : "does not stand");
+    auto store = std::make_unique<LibsecretStore>();
+    const Read read(*store, u"account"_s);
+    say(prompter.says("asked") ? "asked" : "not asked");
+    say(turnsUnanswered({read}) ? "event loop: free" : "event loop: blocked");
+    QElapsedTimer end;
+    end.start();
+    store.reset();
+    say(end.elapsed() < 4000 ? "end: prompt" : "end: late");
+    return 0;
+}
 
 const QByteArrayList absentAndPrompt{
     "read: absent", "event loop: free", "before the end: answered", "end: prompt", "after the end: absent"};
@@ -510,6 +557,19 @@ private slots:
             QByteArrayList({"event loop: free", "before the end: unanswered", "end: prompt", "after the end: absent"}));
     }
 
+    void aPromptThatNobodyAnswersHoldsUpNobody()
+    {
+        QCOMPARE(Child(u"--prompting"_s).lines(),
+            QByteArrayList({"at first: =kept", "locked", "asked", "event loop: free", "unlocked", "withdrawn: absent",
+                "then: =kept"}));
+    }
+
+    void aPromptThatNobodyAnswersDoesNotHoldUpTheEnd()
+    {
+        QCOMPARE(Child(u"--prompting-to-the-end"_s).lines(),
+            QByteArrayList({"locked", "stands", "asked", "event loop: free", "end: prompt"}));
+    }
+
     void aSlowKeyringHoldsUpNobody()
     {
         QCOMPARE(Child(u"--slow"_s).lines(),
@@ -563,6 +623,15 @@ int main(int argc, char *argv[])
     }
     if (mode == "--unlocked-later") {
         return quillmere::useKeyringUnlockedLater();
+    }
+    if (mode == "--prompting") {
+        return quillmere::usePromptingKeyring();
+    }
+    if (mode == "--silent-prompter") {
+        return quillmere::keepPromptsSilent();
+    }
+    if (mode == "--prompting-to-the-end") {
+        return quillmere::useKeyringPromptingToTheEnd();
     }
     if (mode == "--silent-service") {
         return quillmere::keepSilent();
