@@ -67,12 +67,17 @@ Rectangle {
             width: rows.width - 24
 
             Repeater {
+                id: mainRows
+
                 model: SidebarItem.mainGroup
 
                 SidebarRow {
+                    required property int index
                     required property int modelData
 
                     width: groups.width
+                    // And the other way down.
+                    KeyNavigation.up: index > 0 ? mainRows.itemAt(index - 1) : null
                     item: modelData
                     selection: view.selection
                     onClicked: view.selected(item)
@@ -93,12 +98,16 @@ Rectangle {
             }
 
             Repeater {
+                id: systemRows
+
                 model: SidebarItem.systemGroup
 
                 SidebarRow {
+                    required property int index
                     required property int modelData
 
                     width: groups.width
+                    KeyNavigation.up: index > 0 ? systemRows.itemAt(index - 1) : mainRows.itemAt(mainRows.count - 1)
                     item: modelData
                     selection: view.selection
                     onClicked: view.selected(item)

@@ -354,6 +354,40 @@ private slots:
         QVERIFY2(complaints.isEmpty(), qPrintable(complaints.join(u"\n"_s)));
     }
 
+    void goesThroughRowsWithTheArrowKeys_data()
+    {
+        QTest::addColumn<QString>("place");
+        QTest::addColumn<QString>("row");
+        QTest::newRow("sidebar") << u"dashboard"_s << u"SidebarRow"_s;
+        QTest::newRow("settings") << u"settings, about"_s << u"SettingsRow"_s;
+        QTest::newRow("documentation") << u"documentation, models"_s << u"DocCategoryRow"_s;
+    }
+    void goesThroughRowsWithTheArrowKeys()
+    {
+        QFETCH(QString, place);
+        QFETCH(QString, row);
+        QVERIFY(m_tour->goesTo(place));
+        QList<QQuickItem *> rows = m_tour->eyes().all(row);
+        if (row == u"SettingsRow") {
+            rows.removeLast(); // Logging out stands apart.
+        }
+        QVERIFY(rows.size() >= 4);
+        const QStringList before = m_tour->eyes().texts();
+        rows.first()->forceActiveFocus(Qt::TabFocusReason);
+        for (QQuickItem *next : rows.mid(1)) {
+            m_tour->eyes().press(Qt::Key_Down);
+            QCOMPARE(m_tour->window()->activeFocusItem(), next);
+        }
+        m_tour->eyes().press(Qt::Key_Down);
+        QCOMPARE(m_tour->window()->activeFocusItem(), rows.last());
+        for (qsizetype i = rows.size() - 2; i >= 0; --i) {
+            m_tour->eyes().press(Qt::Key_Up);
+            QCOMPARE(m_tour->window()->activeFocusItem(), rows[i]);
+        }
+        // They only lead there; what a row is for waits for its press.
+        QCOMPARE(m_tour->eyes().texts(), before);
+    }
+
 private:
     // Where the keyboard goes by one key until it is somewhere for the second time.
     QList<QQuickItem *> goesRound(Qt::Key key, const std::function<void(QQuickItem *)> &look)

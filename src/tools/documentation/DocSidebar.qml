@@ -39,12 +39,17 @@ Rectangle {
             spacing: 4
 
             Repeater {
+                id: rows
+
                 model: DocCategories.all
 
                 DocCategoryRow {
+                    required property int index
                     required property int modelData
 
                     width: parent.width
+                    // And the other way down.
+                    KeyNavigation.up: index > 0 ? rows.itemAt(index - 1) : null
                     category: modelData
                     isSelected: sidebar.selectedCategory === category
                     onClicked: sidebar.selected(category)

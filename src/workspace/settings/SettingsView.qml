@@ -36,12 +36,17 @@ Rectangle {
             spacing: 4
 
             Repeater {
+                id: sectionRows
+
                 model: [SettingsVocabulary.Account, SettingsVocabulary.Subscription, SettingsVocabulary.Preferences, SettingsVocabulary.About]
 
                 SettingsRow {
+                    required property int index
                     required property int modelData
 
                     width: rows.width
+                    // And the other way down.
+                    KeyNavigation.up: index > 0 ? sectionRows.itemAt(index - 1) : null
                     symbol: settings.sectionIcon(modelData)
                     text: settings.sectionTitle(modelData)
                     selected: view.selectedSection === modelData
