@@ -19,7 +19,7 @@ namespace quillmere {
 
 namespace {
 
-Failure failure(const char *text)
+Failure readFailure(const char *text)
 {
     return {Failure::Kind::File, QCoreApplication::translate("FileReader", text)};
 }
@@ -47,7 +47,7 @@ Result<QByteArray> read(const QByteArray &path)
         return systemFailure(EISDIR);
     }
     if (!S_ISREG(status.st_mode)) {
-        return failure(QT_TRANSLATE_NOOP("FileReader", "This is not a regular file"));
+        return readFailure(QT_TRANSLATE_NOOP("FileReader", "This is not a regular file"));
     }
     QByteArray content;
     try {
@@ -64,7 +64,7 @@ Result<QByteArray> read(const QByteArray &path)
             return systemFailure(errno);
         }
         if (count == 0) {
-            return failure(QT_TRANSLATE_NOOP("FileReader", "The file became shorter while it was read"));
+            return readFailure(QT_TRANSLATE_NOOP("FileReader", "The file became shorter while it was read"));
         }
         done += count;
     }
@@ -76,7 +76,7 @@ Result<QByteArray> read(const QByteArray &path)
 QCoro::Task<Result<QByteArray>> readFile(QUrl file)
 {
     if (!file.isLocalFile()) {
-        co_return failure(QT_TRANSLATE_NOOP("FileReader", "This is not a file on this computer"));
+        co_return readFailure(QT_TRANSLATE_NOOP("FileReader", "This is not a file on this computer"));
     }
     // Not within the co_await: g++ 12 destroys what a closure there captured once more than it was made.
     QFuture<Result<QByteArray>> reading = QtConcurrent::run(read, pathOf(file));

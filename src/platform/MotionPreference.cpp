@@ -13,7 +13,7 @@ namespace quillmere {
 
 namespace {
 
-const auto service = u"org.freedesktop.portal.Desktop"_s;
+const auto portal = u"org.freedesktop.portal.Desktop"_s;
 const auto path = u"/org/freedesktop/portal/desktop"_s;
 const auto settings = u"org.freedesktop.portal.Settings"_s;
 
@@ -44,14 +44,14 @@ MotionPreference::MotionPreference(QDBusConnection bus) : m_bus(std::move(bus))
     if (!m_bus.isConnected()) {
         return;
     }
-    m_bus.connect(service, path, settings, u"SettingChanged"_s, this, SLOT(noteChange(QString, QString, QDBusVariant)));
+    m_bus.connect(portal, path, settings, u"SettingChanged"_s, this, SLOT(noteChange(QString, QString, QDBusVariant)));
     ask(appearance, reducedMotion);
     ask(gnome, enableAnimations);
 }
 
 void MotionPreference::ask(const QString &group, const QString &key)
 {
-    QDBusMessage message = QDBusMessage::createMethodCall(service, path, settings, u"Read"_s);
+    QDBusMessage message = QDBusMessage::createMethodCall(portal, path, settings, u"Read"_s);
     message << group << key;
     auto *watcher = new QDBusPendingCallWatcher(m_bus.asyncCall(message), this);
     connect(watcher, &QDBusPendingCallWatcher::finished, this, [this, group, key](QDBusPendingCallWatcher *finished) {

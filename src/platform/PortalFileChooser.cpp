@@ -75,7 +75,7 @@ const auto requestInterface = u"org.freedesktop.portal.Request"_s;
 // Long enough for the bus to start the portal on a slow machine; it answers before it shows its dialog.
 constexpr int callTimeout = 10'000;
 
-Failure failure(const char *text)
+Failure dialogFailure(const char *text)
 {
     return {Failure::Kind::File, QCoreApplication::translate("PortalFileChooser", text)};
 }
@@ -124,7 +124,7 @@ void PortalFileChooser::call(const FileRequest &request)
     connect(watcher, &QDBusServiceWatcher::serviceUnregistered, this, [this] {
         // Before its reply the call itself ends.
         if (m_replied) {
-            end(failure(QT_TRANSLATE_NOOP("PortalFileChooser", "The desktop's file dialog went away")));
+            end(dialogFailure(QT_TRANSLATE_NOOP("PortalFileChooser", "The desktop's file dialog went away")));
         }
     });
 
@@ -198,7 +198,7 @@ void PortalFileChooser::answered(uint code, const QVariantMap &results)
         end(Result<QList<QUrl>>(QList<QUrl>()));
         return;
     default:
-        end(failure(QT_TRANSLATE_NOOP("PortalFileChooser", "The desktop's file dialog failed")));
+        end(dialogFailure(QT_TRANSLATE_NOOP("PortalFileChooser", "The desktop's file dialog failed")));
     }
 }
 

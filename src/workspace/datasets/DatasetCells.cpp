@@ -28,7 +28,7 @@ QString iconOf(const QString &filename)
     return u"doc"_s;
 }
 
-QColor colorOf(const QString &purpose)
+QColor colorOfPurpose(const QString &purpose)
 {
     if (purpose == u"fine-tune"_s) {
         return Color::hex(u"22C55E"_s);
@@ -75,7 +75,7 @@ DatasetCells DatasetCells::of(const DatasetInfo &dataset)
         .filename = inOneLine(dataset.filename),
         .icon = iconOf(dataset.filename),
         .purpose = purposeTitle(dataset.purpose),
-        .purposeColor = colorOf(dataset.purpose),
+        .purposeColor = colorOfPurpose(dataset.purpose),
         .size = text::byteCount(dataset.bytes),
         .uploaded = text::date(dataset.createdAt),
     };

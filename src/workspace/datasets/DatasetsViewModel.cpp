@@ -18,7 +18,7 @@ namespace quillmere {
 
 namespace {
 
-constexpr std::chrono::milliseconds sampleDelay{300};
+constexpr std::chrono::milliseconds sampleDatasetsDelay{300};
 const auto workspaceId = u"default"_s;
 
 QList<DatasetInfo> sampleDatasets(const QDateTime &now)
@@ -161,7 +161,7 @@ QCoro::Task<> DatasetsViewModel::fetchDatasets()
 
 void DatasetsViewModel::loadSampleDatasets()
 {
-    MainQueue::shared().asyncAfter(sampleDelay, this, [this] {
+    MainQueue::shared().asyncAfter(sampleDatasetsDelay, this, [this] {
         changeDatasets([this] { m_datasets.setRecords(sampleDatasets(Environment::current().clock->now())); });
         setIsLoading(false);
     });

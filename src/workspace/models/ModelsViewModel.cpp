@@ -12,7 +12,7 @@ namespace {
 
 constexpr std::chrono::milliseconds downloadTime{2000};
 // Of what a failure says. A reply may bring a megabyte, which takes the screen minutes to break into lines.
-constexpr qsizetype mostShown = 2'000;
+constexpr qsizetype mostShownOfFailure = 2'000;
 
 // Where a model is looked for.
 QStringList textsOf(const ModelInfo &model)
@@ -52,7 +52,7 @@ QString ModelsViewModel::filterTitle(ModelFilter filter)
 
 QString ModelsViewModel::failureText() const
 {
-    return m_errorMessage.value_or(QString()).left(mostShown);
+    return m_errorMessage.value_or(QString()).left(mostShownOfFailure);
 }
 
 QString ModelsViewModel::downloadedText() const

@@ -12,7 +12,7 @@ namespace quillmere {
 
 namespace {
 
-constexpr std::chrono::milliseconds sampleDelay{500};
+constexpr std::chrono::milliseconds sampleProjectsDelay{500};
 // The finest step of a relative date.
 constexpr std::chrono::milliseconds tickInterval{1000};
 
@@ -122,7 +122,7 @@ void ProjectsViewModel::keepTextsTrue()
 void ProjectsViewModel::loadProjects()
 {
     setIsLoading(true);
-    MainQueue::shared().asyncAfter(sampleDelay, this, [this] {
+    MainQueue::shared().asyncAfter(sampleProjectsDelay, this, [this] {
         setProjects(sampleProjects(m_clock.now()));
         setIsLoading(false);
     });

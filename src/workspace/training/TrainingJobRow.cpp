@@ -15,7 +15,7 @@ namespace quillmere {
 
 namespace {
 
-QColor colorOf(const QString &status)
+QColor colorOfStatus(const QString &status)
 {
     if (status == u"running"_s || status == u"pending"_s) {
         return Color::hex(u"22C55E"_s);
@@ -52,7 +52,7 @@ TrainingJobRow TrainingJobRow::of(const FineTuneJob &job)
         .id = job.id,
         .name = job.name,
         .badge = statusTitle(job.status),
-        .statusColor = colorOf(job.status),
+        .statusColor = colorOfStatus(job.status),
         .isRunning = job.status == u"running"_s,
         .progressText = QString::number(job.progress) + u'%',
         .progress = std::clamp(double(job.progress) / 100, 0.0, 1.0),

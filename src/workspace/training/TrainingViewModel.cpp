@@ -14,7 +14,7 @@ namespace quillmere {
 
 namespace {
 
-constexpr std::chrono::milliseconds sampleDelay{300};
+constexpr std::chrono::milliseconds sampleJobsDelay{300};
 
 qsizetype countWith(const QList<FineTuneJob> &jobs, const QString &status)
 {
@@ -182,7 +182,7 @@ QCoro::Task<> TrainingViewModel::fetchJobs()
 
 void TrainingViewModel::loadSampleJobs()
 {
-    MainQueue::shared().asyncAfter(sampleDelay, this, [this] {
+    MainQueue::shared().asyncAfter(sampleJobsDelay, this, [this] {
         setJobs(sampleJobs(Environment::current().clock->now()));
         setIsLoading(false);
     });
