@@ -1,74 +1,24 @@
 #include "platform/MotionPreference.h"
+#include "support/BareBus.h"
 #include "support/PlatformEnvironment.h"
+#include "support/SettingsPortal.h"
 
-#include <QDBusContext>
-#include <QDBusMessage>
 #include <QDBusPendingCallWatcher>
-#include <QDBusVariant>
-#include <QProcess>
 #include <QSignalSpy>
-#include <QTemporaryFile>
 
 using namespace Qt::StringLiterals;
+using quillmere::testing::BareBus;
 using quillmere::testing::eventually;
+using quillmere::testing::SettingsPortal;
 
 namespace quillmere {
 
 namespace {
 
-const auto service = u"org.freedesktop.portal.Desktop"_s;
-const auto path = u"/org/freedesktop/portal/desktop"_s;
 const auto appearance = u"org.freedesktop.appearance"_s;
 const auto reducedMotion = u"reduced-motion"_s;
 const auto gnome = u"org.gnome.desktop.interface"_s;
 const auto enableAnimations = u"enable-animations"_s;
-
-// A desktop's portal, as far as it tells of settings.
-class Portal : public QObject, public QDBusContext {
-    Q_OBJECT
-    Q_CLASSINFO("D-Bus Interface", "org.freedesktop.portal.Settings")
-
-public:
-    explicit Portal(const QDBusConnection &bus) : m_bus(bus) { }
-    ~Portal() override
-    {
-        m_bus.unregisterObject(path);
-        m_bus.unregisterService(service);
-    }
-
-    bool appears()
-    {
-        return m_bus.registerObject(path, this, QDBusConnection::ExportAllSlots) && m_bus.registerService(service);
-    }
-
-    void has(const QString &group, const QString &key, const QVariant &value) { m_settings[{group, key}] = value; }
-
-    void changes(const QString &group, const QString &key, const QVariant &value)
-    {
-        has(group, key, value);
-        auto signal = QDBusMessage::createSignal(path, u"org.freedesktop.portal.Settings"_s, u"SettingChanged"_s);
-        signal << group << key << QVariant::fromValue(QDBusVariant(value));
-        m_bus.send(signal);
-    }
-
-    int questions = 0;
-
-public slots:
-    QDBusVariant Read(const QString &group, const QString &key)
-    {
-        ++questions;
-        if (!m_settings.contains({group, key})) {
-            sendErrorReply(u"org.freedesktop.portal.Error.NotFound"_s, u"Requested setting not found"_s);
-            return {};
-        }
-        // This question's answer has always been wrapped twice.
-        return QDBusVariant(QVariant::fromValue(QDBusVariant(m_settings[{group, key}])));
-    }
-
-private:
-    QDBusConnection m_bus;
-    QMap<std::pair<QString, QString>, QVariant> m_settings;
-};
 
 } // namespace
 
@@ -76,30 +26,11 @@ class tst_MotionPreference : public QObject {
     Q_OBJECT
 
 private slots:
-    void initTestCase()
-    {
-        // A bus that starts nobody: the machine may have a portal of its own.
-        QVERIFY(m_configuration.open());
-        m_configuration.write(
-            "<busconfig><type>session</type><listen>unix:tmpdir=/tmp</listen><policy context='default'>"
-            "<allow send_destination='*' eavesdrop='true'/><allow eavesdrop='true'/><allow "
-            "own='*'/></policy></busconfig>");
-        m_configuration.close();
-        m_daemon.start(
-            u"dbus-daemon"_s, {u"--config-file="_s + m_configuration.fileName(), u"--nofork"_s, u"--print-address"_s});
-        QVERIFY(m_daemon.waitForReadyRead(5000));
-        m_address = QString::fromLatin1(m_daemon.readLine()).trimmed();
-    }
-    void cleanupTestCase()
-    {
-        m_daemon.kill();
-        m_daemon.waitForFinished();
-    }
-
+    void initTestCase() { QVERIFY(!m_bus.address().isEmpty()); }
     void init()
     {
         ++m_turn;
-        m_portal = std::make_unique<Portal>(QDBusConnection::connectToBus(m_address, name(u"portal"_s)));
+        m_portal = std::make_unique<SettingsPortal>(QDBusConnection::connectToBus(m_bus.address(), name(u"portal"_s)));
     }
     void cleanup()
     {
@@ -190,13 +121,11 @@ private:
         return preference.findChildren<QDBusPendingCallWatcher *>().isEmpty();
     }
 
-    QDBusConnection bus() const { return QDBusConnection::connectToBus(m_address, name(u"studio"_s)); }
+    QDBusConnection bus() const { return QDBusConnection::connectToBus(m_bus.address(), name(u"studio"_s)); }
 
     int m_turn = 0;
-    QTemporaryFile m_configuration;
-    QProcess m_daemon;
-    QString m_address;
-    std::unique_ptr<Portal> m_portal;
+    BareBus m_bus;
+    std::unique_ptr<SettingsPortal> m_portal;
 };
 
 } // namespace quillmere

@@ -1,14 +1,14 @@
 #include "platform/PortalFileChooser.h"
+#include "support/BareBus.h"
 #include "support/PlatformEnvironment.h"
 
 #include <QDBusArgument>
 #include <QDBusContext>
 #include <QDBusMessage>
 #include <QDBusObjectPath>
-#include <QProcess>
-#include <QTemporaryFile>
 
 using namespace Qt::StringLiterals;
+using quillmere::testing::BareBus;
 using quillmere::testing::eventually;
 using quillmere::testing::settle;
 
@@ -101,32 +101,13 @@ class tst_PortalFileChooser : public QObject {
     Q_OBJECT
 
 private slots:
-    void initTestCase()
-    {
-        // A bus that starts nobody: the machine may have a portal of its own.
-        QVERIFY(m_configuration.open());
-        m_configuration.write(
-            "<busconfig><type>session</type><listen>unix:tmpdir=/tmp</listen><policy context='default'>"
-            "<allow send_destination='*' eavesdrop='true'/><allow eavesdrop='true'/><allow "
-            "own='*'/></policy></busconfig>");
-        m_configuration.close();
-        m_daemon.start(
-            u"dbus-daemon"_s, {u"--config-file="_s + m_configuration.fileName(), u"--nofork"_s, u"--print-address"_s});
-        QVERIFY(m_daemon.waitForReadyRead(5000));
-        m_address = QString::fromLatin1(m_daemon.readLine()).trimmed();
-    }
-    void cleanupTestCase()
-    {
-        m_daemon.kill();
-        m_daemon.waitForFinished();
-    }
-
+    void initTestCase() { QVERIFY(!m_daemon.address().isEmpty()); }
     void init()
     {
         ++m_turn;
-        m_bus = std::make_unique<QDBusConnection>(QDBusConnection::connectToBus(m_address, name(u"studio"_s)));
+        m_bus = std::make_unique<QDBusConnection>(QDBusConnection::connectToBus(m_daemon.address(), name(u"studio"_s)));
         QVERIFY(m_bus->isConnected());
-        m_portal = std::make_unique<Portal>(QDBusConnection::connectToBus(m_address, name(u"portal"_s)));
+        m_portal = std::make_unique<Portal>(QDBusConnection::connectToBus(m_daemon.address(), name(u"portal"_s)));
         m_chooser = std::make_unique<PortalFileChooser>(*m_bus);
         m_outcome.reset();
     }
@@ -221,7 +202,7 @@ private slots:
     void takesNoAnswerFromOthers()
     {
         opens();
-        auto other = QDBusConnection::connectToBus(m_address, u"other"_s);
+        auto other = QDBusConnection::connectToBus(m_daemon.address(), u"other"_s);
         QDBusMessage forged = QDBusMessage::createSignal(m_portal->path, requestInterface, u"Response"_s);
         forged << uint(0) << QVariantMap{{u"uris"_s, QStringList(u"file:///etc/shadow"_s)}};
         QVERIFY(other.send(forged));
@@ -316,9 +297,7 @@ private:
         return ends() && *m_outcome && !**m_outcome && (*m_outcome)->failure().localizedDescription() == why;
     }
 
-    QTemporaryFile m_configuration;
-    QProcess m_daemon;
-    QString m_address;
+    BareBus m_daemon;
     int m_turn = 0;
     std::unique_ptr<QDBusConnection> m_bus;
     std::unique_ptr<Portal> m_portal;

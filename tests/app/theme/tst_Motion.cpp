@@ -1,16 +1,17 @@
 #include "app/theme/Motion.h"
 #include "platform/Environment.h"
+#include "support/BareBus.h"
+#include "support/SettingsPortal.h"
 
 #include <QDBusConnection>
-#include <QDBusVariant>
-#include <QProcess>
 #include <QSignalSpy>
-#include <QTemporaryFile>
 #include <QTest>
 
 #include <cmath>
 
 using namespace Qt::StringLiterals;
+using quillmere::testing::BareBus;
+using quillmere::testing::SettingsPortal;
 
 namespace quillmere {
 
@@ -39,58 +40,19 @@ double springAfter(double seconds, double response, double damping)
     return x;
 }
 
-// A desktop that asks for less motion.
-class Desktop : public QObject {
-    Q_OBJECT
-    Q_CLASSINFO("D-Bus Interface", "org.freedesktop.portal.Settings")
-
-public:
-    explicit Desktop(const QDBusConnection &bus) : m_bus(bus) { }
-
-    bool appears()
-    {
-        return m_bus.registerObject(path, this, QDBusConnection::ExportAllSlots)
-            && m_bus.registerService(u"org.freedesktop.portal.Desktop"_s);
-    }
-
-public slots:
-    QDBusVariant Read(const QString &, const QString &) { return QDBusVariant(QVariant::fromValue(QDBusVariant(1u))); }
-
-private:
-    const QString path = u"/org/freedesktop/portal/desktop"_s;
-    QDBusConnection m_bus;
-};
-
 } // namespace
 
 class tst_Motion : public QObject {
     Q_OBJECT
 
 private slots:
-    void initTestCase()
-    {
-        // A session bus that starts nobody: the machine may have a portal of its own.
-        QVERIFY(m_configuration.open());
-        m_configuration.write(
-            "<busconfig><type>session</type><listen>unix:tmpdir=/tmp</listen><policy context='default'>"
-            "<allow send_destination='*' eavesdrop='true'/><allow eavesdrop='true'/><allow "
-            "own='*'/></policy></busconfig>");
-        m_configuration.close();
-        m_bus.start(
-            u"dbus-daemon"_s, {u"--config-file="_s + m_configuration.fileName(), u"--nofork"_s, u"--print-address"_s});
-        QVERIFY(m_bus.waitForReadyRead(5000));
-        m_address = m_bus.readLine().trimmed();
-        qputenv("DBUS_SESSION_BUS_ADDRESS", m_address);
-    }
-    void cleanupTestCase()
-    {
-        m_bus.kill();
-        m_bus.waitForFinished();
-    }
+    // The session bus, which the machine may have a portal on.
+    void initTestCase() { qputenv("DBUS_SESSION_BUS_ADDRESS", m_bus.address().toLatin1()); }
 
     void keepsToTheDataWhereTheDesktopAsksForLess()
     {
-        Desktop desktop(QDBusConnection::connectToBus(QString::fromLatin1(m_address), u"desktop"_s));
+        SettingsPortal desktop(QDBusConnection::connectToBus(m_bus.address(), u"desktop"_s));
+        desktop.has(u"org.freedesktop.appearance"_s, u"reduced-motion"_s, 1u);
         QVERIFY(desktop.appears());
         const Environment environment;
         const Motion motion;
@@ -170,9 +132,7 @@ private slots:
     }
 
 private:
-    QTemporaryFile m_configuration;
-    QProcess m_bus;
-    QByteArray m_address;
+    BareBus m_bus;
 };
 
 } // namespace quillmere
