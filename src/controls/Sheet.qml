@@ -16,8 +16,9 @@ T.Popup {
 
     parent: T.Overlay.overlay
     anchors.centerIn: parent
-    implicitWidth: contentWidth
-    implicitHeight: contentHeight
+    // Even, so that in the middle of the window it stands on whole points.
+    implicitWidth: 2 * Math.ceil(contentWidth / 2)
+    implicitHeight: 2 * Math.ceil(contentHeight / 2)
     modal: true
     dim: true
     focus: true

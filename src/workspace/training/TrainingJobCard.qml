@@ -19,7 +19,8 @@ Card {
     signal cancel
     signal viewDetails
 
-    implicitHeight: content.implicitHeight
+    // Whole, so that the rows below stand on whole points.
+    implicitHeight: Math.ceil(content.implicitHeight)
     strokeColor: isHovered ? Color.faded(statusColor, 0.5) : Theme.border
     Accessible.role: Accessible.ListItem
     Accessible.name: name
