@@ -1,5 +1,7 @@
 #include "charts/LineMarks.h"
 
+#include "charts/DenseLine.h"
+
 #include <QPainter>
 
 #include <algorithm>
@@ -16,32 +18,9 @@ bool isFinite(QPointF point)
     return std::isfinite(point.x()) && std::isfinite(point.y());
 }
 
-// The same line with fewer points: of those that share a few points of width it keeps the first, the lowest, the highest and
-// the last. Each costs the painter a join.
-QPolygonF thinned(const QPolygonF &line)
+bool runsFromLeftToRight(const QPolygonF &line)
 {
-    constexpr double column = 4;
-    QPolygonF kept;
-    for (qsizetype first = 0; first < line.size();) {
-        const double place = std::floor(line[first].x() / column);
-        qsizetype lowest = first;
-        qsizetype highest = first;
-        qsizetype last = first;
-        for (qsizetype i = first; i < line.size() && std::floor(line[i].x() / column) == place; ++i) {
-            lowest = line[i].y() < line[lowest].y() ? i : lowest;
-            highest = line[i].y() > line[highest].y() ? i : highest;
-            last = i;
-        }
-        qsizetype before = -1;
-        for (const qsizetype i : {first, std::min(lowest, highest), std::max(lowest, highest), last}) {
-            if (i != before) {
-                kept.append(line[i]);
-            }
-            before = i;
-        }
-        first = last + 1;
-    }
-    return kept;
+    return std::is_sorted(line.cbegin(), line.cend(), [](QPointF a, QPointF b) { return a.x() < b.x(); });
 }
 
 } // namespace
@@ -202,10 +181,13 @@ void LineMarks::paint(QPainter *painter)
                 painter->setPen(Qt::NoPen);
                 painter->setBrush(series->color());
                 painter->drawEllipse(line.first(), m_lineWidth * 1.25, m_lineWidth * 1.25);
-            } else if (double(line.size()) > plot().width() / 2) {
+            } else if (double(line.size()) > plot().width() / 2 && runsFromLeftToRight(line)) {
                 // So close that curves cannot be told from straight lines.
-                painter->setPen(pen);
-                painter->drawPolyline(thinned(line));
+                const double scale = painter->combinedTransform().m11();
+                QImage image = denseLine(QTransform::fromScale(scale, scale).map(line), m_lineWidth * scale,
+                    series->color(), (boundingRect().size() * scale).toSize());
+                image.setDevicePixelRatio(scale);
+                painter->drawImage(QPointF(), image);
             } else if (m_smoothed) {
                 painter->strokePath(smoothPath(line), pen);
             } else {

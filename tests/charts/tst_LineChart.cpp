@@ -1,6 +1,7 @@
 // What a line chart draws, pixel by pixel, for what it is given.
 
 #include "app/theme/Color.h"
+#include "charts/DenseLine.h"
 #include "charts/LineMarks.h"
 #include "charts/Picture.h"
 
@@ -9,6 +10,7 @@
 #include <QSignalSpy>
 
 #include <cmath>
+#include <numbers>
 
 using namespace Qt::StringLiterals;
 using namespace quillmere;
@@ -40,6 +42,8 @@ private slots:
     void isPaintedOnlyWhenSomethingChanged();
     void keepsItsLabelsWhileOnlyTheLinesMove();
     void drawsManyPointsAsFaithfully();
+    void drawsManyPointsAsAPainterWould();
+    void drawsManyPointsThatTurnBack();
     void forgetsASeriesThatIsGone();
     void speaksItsData();
 };
@@ -477,6 +481,68 @@ void tst_LineChart::drawsManyPointsAsFaithfully()
         }
     }
     QVERIFY(green > 700);
+}
+
+// A slow wave with noise upon it, and a steep spike.
+void tst_LineChart::drawsManyPointsAsAPainterWould()
+{
+    constexpr QSize size(300, 120);
+    for (const double width : {1.0, 2.0, 3.5}) {
+        QPolygonF line;
+        for (int i = 0; i <= 1000; ++i) {
+            const double noise = i % 7 * 1.5;
+            line.append({10 + i * 0.28, i == 500 ? 5 : 60 + 30 * std::sin(i / 80.0) + noise});
+        }
+        const QColor color(50, 215, 75, 200);
+        // Larger and reduced again, since a painter is not exact in strokes as thin as these.
+        QImage large(size * 8, QImage::Format_ARGB32_Premultiplied);
+        large.fill(Qt::transparent);
+        QPainter painter(&large);
+        painter.setRenderHint(QPainter::Antialiasing);
+        painter.scale(8, 8);
+        painter.setPen(QPen(color, width, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+        painter.drawPolyline(line);
+        painter.end();
+        const QImage expected = large.scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+
+        const QImage image = denseLine(line, width, color, size);
+
+        double differences = 0;
+        int drawn = 0;
+        for (int y = 0; y < size.height(); ++y) {
+            for (int x = 0; x < size.width(); ++x) {
+                const int difference = std::abs(qAlpha(image.pixel(x, y)) - qAlpha(expected.pixel(x, y)));
+                QVERIFY2(difference <= 25, qPrintable(u"%1, %2 by %3"_s.arg(x).arg(y).arg(difference)));
+                differences += difference;
+                drawn += qAlpha(expected.pixel(x, y)) > 0 ? 1 : 0;
+            }
+        }
+        QVERIFY2(differences / drawn < 6, qPrintable(QString::number(differences / drawn)));
+    }
+}
+
+void tst_LineChart::drawsManyPointsThatTurnBack()
+{
+    QList<QPointF> few;
+    QList<QPointF> many;
+    for (int i = 0; i <= 2000; ++i) {
+        const double angle = i * std::numbers::pi / 1000;
+        many.append({std::cos(angle), std::sin(angle)});
+        if (i % 20 == 0) {
+            few.append(many.last());
+        }
+    }
+    Picture picture(chart(u"LineSeries { color: \"#32d74b\" }"_s));
+    seriesOf(picture)->setPoints(few);
+    const QImage expected = picture.grab();
+    seriesOf(picture)->setPoints(many);
+    const QImage image = picture.grab();
+    for (int y = 0; y < image.height(); ++y) {
+        for (int x = 0; x < image.width(); ++x) {
+            QVERIFY2(
+                isLike(image.pixelColor(x, y), expected.pixelColor(x, y), 70), qPrintable(u"%1, %2"_s.arg(x).arg(y)));
+        }
+    }
 }
 
 void tst_LineChart::forgetsASeriesThatIsGone()
