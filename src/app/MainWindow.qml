@@ -1,7 +1,6 @@
 // The one window: frameless, its content up to the top edge, its own marks and edges over it.
 import QtQuick
 import Quillmere.App
-import Quillmere.Controls
 import Quillmere.Platform
 import Quillmere.Theme
 
@@ -27,13 +26,21 @@ Window {
         source: "WindowDialogs.qml"
     }
 
-    TitleStrip {
-        width: window.width
-        window: window
+    // After the first frame, of which its faces and types would take a tenth of the time. It lies over sheets and alerts, whose overlay
+    // has a z of a million and one.
+    Loader {
+        id: frame
+
+        anchors.fill: parent
+        z: 1000002
     }
 
-    ResizeEdges {
-        anchors.fill: parent
-        window: window
+    Connections {
+        target: window
+        enabled: frame.status === Loader.Null
+
+        function onFrameSwapped() {
+            frame.setSource("WindowFrame.qml", {window: window});
+        }
     }
 }

@@ -11,8 +11,10 @@
 #include "platform/Urls.h"
 
 #include <QDir>
+#include <QFontDatabase>
 #include <QGuiApplication>
 #include <QQuickWindow>
+#include <QThreadPool>
 
 using namespace Qt::StringLiterals;
 
@@ -67,7 +69,9 @@ int Quillmere_StudioApp::run(
 
 Quillmere_StudioApp::Quillmere_StudioApp()
 {
-    Theme::registerFonts();
+    // The toolkit lists the system's faces before it sets the first text, which takes longer than an empty window does to its first
+    // frame. So it does that beside the engine, as this loads the types of the window.
+    QThreadPool::globalInstance()->start([] { QFontDatabase::families(); });
     m_engine.addImportPath(u"qrc:/qt/qml"_s);
 }
 
@@ -79,6 +83,8 @@ bool Quillmere_StudioApp::open()
     if (m_engine.rootObjects().isEmpty()) {
         return false;
     }
+    // Not before: it waits for the list of faces, and the splash has no symbols.
+    Theme::registerFonts();
     auto &queue = MainQueue::shared();
     queue.asyncAfter(std::chrono::seconds(1), this, [] { LifecycleManager::checkLocation(); });
     queue.asyncAfter(std::chrono::seconds(3), this, [] { UpdateManager::shared().checkForUpdates(); });

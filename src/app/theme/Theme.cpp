@@ -5,6 +5,7 @@
 #include <QDirIterator>
 #include <QFile>
 #include <QFontDatabase>
+#include <QResource>
 #include <QSet>
 
 using namespace Qt::StringLiterals;
@@ -16,7 +17,8 @@ namespace {
 void registerFiles(const QString &pattern)
 {
     for (QDirIterator files(u":/fonts"_s, {pattern}, QDir::Files); files.hasNext();) {
-        QFontDatabase::addApplicationFont(files.next());
+        // Of a file that it is given by name the toolkit makes two copies in memory; this way it reads where the program lies.
+        QFontDatabase::addApplicationFontFromData(QResource(files.next()).uncompressedData());
     }
 }
 
@@ -28,7 +30,7 @@ QString fileOf(const QString &family, int weight)
     return QString(family).remove(u' ') + u'-' + styles.value(weight);
 }
 
-// At the first use of a face, since the toolkit reads the whole file: all at once they took as many instructions before the first
+// At the first use of a face, since the toolkit looks at every glyph of it: all at once they took as many instructions before the first
 // frame as half an empty window does from its start.
 void makeKnown(const QString &family, int weight)
 {
