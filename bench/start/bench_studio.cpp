@@ -22,7 +22,6 @@
 #include <QQmlEngine>
 #include <QQuickItem>
 #include <QQuickWindow>
-#include <QScreen>
 
 #include <QCoroTimer>
 
@@ -203,9 +202,10 @@ private:
         }
     }
 
-    QImage picture() const { return m_window->screen()->grabWindow(m_window->winId()).toImage(); }
+    // Not what the screen shows at its place, which may be another window.
+    QImage picture() const { return m_window->grabWindow(); }
 
-    // Counts the frames after which the screen looks as it did before.
+    // Counts the frames after which the window looks as it did before.
     void compare()
     {
         const QImage now = picture();
