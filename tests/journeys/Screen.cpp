@@ -11,21 +11,32 @@
 #include <QDBusVariant>
 #include <QTest>
 
+#include <algorithm>
+
 using namespace Qt::StringLiterals;
 
 namespace {
 
 const QString accessible = u"org.a11y.atspi.Accessible"_s;
+const QString actions = u"org.a11y.atspi.Action"_s;
 const QString rootPath = u"/org/a11y/atspi/accessible/root"_s;
 
 // Places in the bits of a state set, by AT-SPI's AtspiStateType.
 constexpr quint64 activeState = quint64(1) << 1;
+constexpr quint64 editableState = quint64(1) << 7;
 constexpr quint64 focusedState = quint64(1) << 12;
 constexpr quint64 showingState = quint64(1) << 25;
 
 struct Reference {
     QString service;
     QDBusObjectPath path;
+};
+
+// What an element can do, as it tells.
+struct Ability {
+    QString name;
+    QString description;
+    QString keys;
 };
 
 [[maybe_unused]] QDBusArgument &operator<<(QDBusArgument &argument, const Reference &reference)
@@ -40,6 +51,22 @@ const QDBusArgument &operator>>(const QDBusArgument &argument, Reference &refere
 {
     argument.beginStructure();
     argument >> reference.service >> reference.path;
+    argument.endStructure();
+    return argument;
+}
+
+[[maybe_unused]] QDBusArgument &operator<<(QDBusArgument &argument, const Ability &ability)
+{
+    argument.beginStructure();
+    argument << ability.name << ability.description << ability.keys;
+    argument.endStructure();
+    return argument;
+}
+
+const QDBusArgument &operator>>(const QDBusArgument &argument, Ability &ability)
+{
+    argument.beginStructure();
+    argument >> ability.name >> ability.description >> ability.keys;
     argument.endStructure();
     return argument;
 }
@@ -85,6 +112,14 @@ QString name(const QDBusConnection &bus, const QString &service, const QString &
     return property(bus, service, path, accessible, u"Name"_s).toString();
 }
 
+// What stands in a field.
+QString content(const QDBusConnection &bus, const QString &service, const QString &path)
+{
+    constexpr int toTheEnd = -1;
+    const QDBusReply<QString> text = call(bus, service, path, u"org.a11y.atspi.Text"_s, u"GetText"_s, {0, toTheEnd});
+    return text.value();
+}
+
 QRect place(const QDBusConnection &bus, const QString &service, const QString &path)
 {
     const uint ofTheScreen = 0;
@@ -111,6 +146,7 @@ bool waitsFor(const std::function<bool()> &condition)
 } // namespace
 
 Q_DECLARE_METATYPE(Reference)
+Q_DECLARE_METATYPE(Ability)
 
 Screen::Screen(qint64 processId)
     : m_processId(processId),
@@ -118,6 +154,8 @@ Screen::Screen(qint64 processId)
 {
     qDBusRegisterMetaType<Reference>();
     qDBusRegisterMetaType<QList<Reference>>();
+    qDBusRegisterMetaType<Ability>();
+    qDBusRegisterMetaType<QList<Ability>>();
 }
 
 Screen::~Screen()
@@ -186,6 +224,59 @@ QStringList Screen::readsAloud() const
     return texts;
 }
 
+bool Screen::does(const QString &action, const QString &name) const
+{
+    const bool done = does(action, [&](const Element &element) { return element.name == name; });
+    if (!done) {
+        qWarning("Nothing called \"%s\" can \"%s\"", qPrintable(name), qPrintable(action));
+    }
+    return done;
+}
+
+bool Screen::does(const QString &action, const Test &isIt) const
+{
+    std::optional<Element> element;
+    int place = -1;
+    const auto finds = [&] {
+        element = find([&](const Element &one) {
+            place = isIt(one) ? placeOfAction(one, action) : -1;
+            return place >= 0;
+        });
+        return element.has_value();
+    };
+    if (!waitsFor(finds)) {
+        return false;
+    }
+    const QDBusReply<bool> done = call(m_bus, service(), element->path, actions, u"DoAction"_s, {place});
+    return done.value();
+}
+
+bool Screen::writes(const QString &text, const QString &name) const
+{
+    // Its label may have the same name.
+    const auto isField = [&](const Element &element) { return element.editable && element.name == name; };
+    if (!does(u"SetFocus"_s, isField) || !focuses(name)) {
+        return false;
+    }
+    const int unused = 0;
+    const uint string = 4; // of AtspiKeySynthType
+    const QDBusMessage typed =
+        call(m_bus, u"org.a11y.atspi.Registry"_s, u"/org/a11y/atspi/registry/deviceeventcontroller"_s,
+            u"org.a11y.atspi.DeviceEventController"_s, u"GenerateKeyboardEvent"_s, {unused, text, string});
+    QString reads;
+    const auto isThere = [&] {
+        const auto element = focused();
+        reads = element ? content(m_bus, service(), element->path) : QString();
+        return reads.contains(text);
+    };
+    if (typed.type() == QDBusMessage::ReplyMessage && waitsFor(isThere)) {
+        return true;
+    }
+    qWarning("After \"%s\" was typed into \"%s\", that reads \"%s\". %s", qPrintable(text), qPrintable(name),
+        qPrintable(reads), qPrintable(typed.errorMessage()));
+    return false;
+}
+
 std::optional<Screen::Element> Screen::named(const QString &name) const
 {
     return find([&](const Element &element) { return element.name == name; });
@@ -224,7 +315,8 @@ std::optional<Screen::Element> Screen::findIn(
             return found;
         }
     }
-    Element element{path, name(m_bus, service, path), isActive, (state & focusedState) != 0, {}};
+    Element element{
+        path, name(m_bus, service, path), isActive, (state & focusedState) != 0, (state & editableState) != 0, {}};
     if (!isIt(element)) {
         return {};
     }
@@ -234,13 +326,21 @@ std::optional<Screen::Element> Screen::findIn(
 
 void Screen::readAloud(const QString &service, const QString &path, QStringList &texts) const
 {
-    constexpr int toTheEnd = -1;
-    const QDBusReply<QString> text = call(m_bus, service, path, u"org.a11y.atspi.Text"_s, u"GetText"_s, {0, toTheEnd});
     texts << name(m_bus, service, path) << property(m_bus, service, path, accessible, u"Description"_s).toString()
-          << property(m_bus, service, path, u"org.a11y.atspi.Value"_s, u"CurrentValue"_s).toString() << text.value();
+          << property(m_bus, service, path, u"org.a11y.atspi.Value"_s, u"CurrentValue"_s).toString()
+          << content(m_bus, service, path);
     for (const Reference &child : children(m_bus, service, path)) {
         readAloud(service, child.path.path(), texts);
     }
+}
+
+int Screen::placeOfAction(const Element &element, const QString &action) const
+{
+    const QDBusReply<QList<Ability>> reply = call(m_bus, service(), element.path, actions, u"GetActions"_s);
+    const QList<Ability> abilities = reply.value();
+    const auto able = std::find_if(
+        abilities.cbegin(), abilities.cend(), [&](const Ability &ability) { return ability.name == action; });
+    return able == abilities.cend() ? -1 : int(able - abilities.cbegin());
 }
 
 QString Screen::service() const

@@ -28,6 +28,11 @@ public:
     bool tabsTo(const QString &name) const;
     bool clicks(const QString &name) const;
 
+    // As an assistive program does it, without keyboard and pointer: the element of this name does what it says it can, "Press" say.
+    bool does(const QString &action, const QString &name) const;
+    // Brings the keys to the field of this name and has them typed there.
+    bool writes(const QString &text, const QString &name) const;
+
     // All texts that the program tells assistive programs, of what shows and of what does not.
     QStringList readsAloud() const;
 
@@ -37,6 +42,7 @@ private:
         QString name;
         bool active = false; // it, or something around it, is what the window manager gives the keys to
         bool focused = false;
+        bool editable = false;
         QRect place; // in pixels of the screen
     };
     using Test = std::function<bool(const Element &)>;
@@ -48,6 +54,10 @@ private:
     std::optional<Element> find(const Test &isIt) const;
     std::optional<Element> findIn(const QString &service, const QString &path, bool isActive, const Test &isIt) const;
     void readAloud(const QString &service, const QString &path, QStringList &texts) const;
+    // Waits for such an element that can do it, and has it done.
+    bool does(const QString &action, const Test &isIt) const;
+    // Where in the list of what an element can do an action stands; -1: it cannot.
+    int placeOfAction(const Element &element, const QString &action) const;
     // The program's name on the accessibility bus; empty while it is not there.
     QString service() const;
 

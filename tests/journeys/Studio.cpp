@@ -47,6 +47,11 @@ bool Studio::entersCredentials(const QString &address, const QString &base32Secr
         && desktop::type(StandIn::totp(base32Secret, QDateTime::currentDateTimeUtc())) && desktop::press(u"Return"_s);
 }
 
+void Studio::hears(const QByteArray &line) const
+{
+    m_process->write(line + '\n');
+}
+
 bool Studio::says(const QByteArray &line)
 {
     return QTest::qWaitFor([&] { return said().split('\n').contains(line); }, 20'000);

@@ -15,7 +15,8 @@ public:
     // Fills in the two steps of the login screen and sends them, with the code that an authenticator of this secret shows now.
     bool entersCredentials(const QString &address, const QString &base32Secret) const;
 
-    bool says(const QByteArray &line); // on standard output
+    void hears(const QByteArray &line) const; // on standard input
+    bool says(const QByteArray &line);        // on standard output
     QByteArray said();
     bool isRunning() const;
     bool ends() const; // by itself, with status 0

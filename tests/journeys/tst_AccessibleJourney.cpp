@@ -1,0 +1,158 @@
+#include "journeys/Desktop.h"
+#include "journeys/Studio.h"
+#include "platform/Keyring.h"
+#include "standin/StandIn.h"
+
+#include <QDateTime>
+#include <QFile>
+#include <QTest>
+
+#include <memory>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const auto accessTokenEntry = "quillmere_auth_token";
+const auto refreshTokenEntry = "quillmere_refresh_token";
+const QString address = u"grace@example.org"_s;
+const QString secret = u"JBSWY3DPEHPK3PXPJBSWY3DPEHPK3PXP"_s;
+const QString runningJob = u"Support Triage Assistant"_s;
+const QString press = u"Press"_s;
+const QString answer = u"Quantum computing uses quantum bits or qubits..."_s;
+
+} // namespace
+
+// A user who neither sees the window nor touches keyboard or pointer: all that happens goes through what the program tells
+// assistive programs of itself.
+class tst_AccessibleJourney : public QObject {
+    Q_OBJECT
+
+    std::unique_ptr<StandIn> m_service;
+
+    std::unique_ptr<Studio> starts() const
+    {
+        auto environment = QProcessEnvironment::systemEnvironment();
+        environment.insert(u"QUILLMERE_SERVICE"_s, m_service->origin());
+        return std::make_unique<Studio>(QStringLiteral(STUDIO_UNDER_TEST), QStringList(), environment);
+    }
+
+    bool isAsked(const QByteArray &method, const QByteArray &path, qsizetype times = 1)
+    {
+        return QTest::qWaitFor([&] { return m_service->requests(method, path).size() >= times; }, 20'000);
+    }
+
+private slots:
+    void initTestCase()
+    {
+        QVERIFY(desktop::setBrowser(QStringLiteral(BROWSER), desktop::dataFolder(), desktop::configFolder()));
+        QFile dataset(qEnvironmentVariable("HOME") + u"/questions.json"_s);
+        QVERIFY(dataset.open(QIODevice::WriteOnly));
+        QVERIFY(dataset.write("{\"text\": \"Why?\"}\n") > 0);
+    }
+
+    void init()
+    {
+        QVERIFY(keyring::clears(accessTokenEntry));
+        QVERIFY(keyring::clears(refreshTokenEntry));
+        m_service = std::make_unique<StandIn>();
+        m_service->hasAccount(address, secret);
+        QVERIFY(m_service->listen());
+    }
+
+    void cleanup()
+    {
+        QCOMPARE(m_service->unexpectedRequests(), QStringList());
+        m_service.reset();
+    }
+
+    void signsInWorksAndLogsOut()
+    {
+        const auto studio = starts();
+        QVERIFY(studio->writes(address, u"Email"_s));
+        QVERIFY(studio->does(press, u"Continue"_s));
+        QVERIFY(studio->shows(u"Authenticator Code"_s));
+        QVERIFY(studio->writes(StandIn::totp(secret, QDateTime::currentDateTimeUtc()), u"Authenticator Code"_s));
+        QVERIFY(studio->does(press, u"Sign In"_s));
+        QVERIFY(studio->shows(u"Sidebar"_s, u"Sign In"_s));
+
+        QVERIFY(studio->does(press, u"Training"_s));
+        QVERIFY(studio->shows(runningJob));
+        QVERIFY(studio->does(press, u"Cancel "_s + runningJob));
+        QVERIFY(isAsked("POST", "/v1/fine-tuning/jobs/ft-40217/cancel"));
+        QVERIFY(studio->shows(runningJob, u"Cancel "_s + runningJob));
+
+        QVERIFY(studio->does(press, u"Datasets"_s));
+        // The service's list, which a file uploaded before would have to give way to.
+        QVERIFY(studio->shows(u"Delete style_guide.txt"_s));
+        QVERIFY(studio->does(press, u"Upload Dataset"_s));
+        QVERIFY(studio->does(press, u"questions.json"_s));
+        QVERIFY(studio->shows(u"Delete questions.json"_s));
+        QVERIFY(isAsked("POST", "/v1/files"));
+        QCOMPARE(m_service->uploads().size(), 1);
+        QCOMPARE(m_service->uploads()[0].filename, u"questions.json"_s);
+
+        QVERIFY(studio->does(press, u"Analytics"_s));
+        QVERIFY(studio->does(press, u"Deployment"_s));
+        QVERIFY(studio->shows(u"Waiting for generation..."_s));
+        QVERIFY(studio->does(press, u"RUN INFERENCE"_s));
+        QVERIFY(studio->shows(answer, u"Waiting for generation..."_s));
+
+        QVERIFY(studio->does(press, u"Settings"_s));
+        QVERIFY(studio->does(press, u"Log Out"_s));
+        QVERIFY(studio->shows(u"Email"_s, u"Sidebar"_s));
+        const auto isForgotten = [] {
+            return keyring::itemCount(accessTokenEntry) == 0 && keyring::itemCount(refreshTokenEntry) == 0;
+        };
+        QVERIFY(QTest::qWaitFor(isForgotten, 20'000));
+    }
+
+    // Nothing in the window leads to these; the program is told to select them.
+    void worksAtTheDestinationsWithoutARow()
+    {
+        QVERIFY(keyring::stores(accessTokenEntry, m_service->signsIn(address).toStdString()));
+        const auto studio = starts();
+        QVERIFY(studio->shows(u"Sidebar"_s));
+
+        studio->hears("documentation");
+        QVERIFY(studio->does(press, u"API Reference"_s));
+        QVERIFY(studio->shows(u"Base URL"_s));
+
+        studio->hears("fineTune");
+        QVERIFY(studio->does(press, u"Sample Dataset"_s));
+        for (const QString &title : {u"Choose Base Model"_s, u"Configure Training"_s, u"Review & Start"_s}) {
+            QVERIFY(studio->does(press, u"Continue"_s));
+            QVERIFY2(studio->shows(title), qPrintable(title));
+        }
+        QVERIFY(studio->does(press, u"Start Fine-Tuning"_s));
+        QVERIFY(studio->does(press, u"Done"_s));
+        QVERIFY(studio->shows(u"Review & Start"_s, u"Done"_s));
+
+        studio->hears("chat");
+        QVERIFY(studio->writes(u"Hello"_s, u"Message"_s));
+        QVERIFY(studio->does(press, u"Send"_s));
+        QVERIFY(studio->shows(u"You: Hello"_s));
+        QVERIFY(studio->does(press, u"Reset conversation"_s));
+        QVERIFY(studio->shows(u"Conversation"_s, u"You: Hello"_s));
+
+        studio->hears("deployment");
+        QVERIFY(studio->does(press, u"RUN INFERENCE"_s));
+        QVERIFY(studio->shows(answer, u"Waiting for generation..."_s));
+
+        studio->hears("agents");
+        QVERIFY(studio->does(press, u"Add Node"_s));
+        QVERIFY(studio->does(press, u"Router"_s));
+        QVERIFY(studio->does(press, u"Logic node New Logic"_s));
+        QVERIFY(studio->shows(u"Inspector"_s));
+        QVERIFY(studio->writes(u"!"_s, u"Name"_s));
+        QVERIFY(studio->shows(u"Logic node New Logic!"_s, u"Logic node New Logic"_s));
+
+        studio->hears("profile");
+        QVERIFY(studio->does(press, u"Edit Profile"_s));
+        QVERIFY(studio->does(press, u"Manage Subscription"_s));
+        QVERIFY(studio->shows(u"John Doe"_s));
+    }
+};
+
+QTEST_GUILESS_MAIN(tst_AccessibleJourney)
+#include "tst_AccessibleJourney.moc"
