@@ -18,18 +18,20 @@ void RootViewState::appear()
 QCoro::Task<> RootViewState::checkSession()
 {
     const QPointer<RootViewState> self(this);
-    Clock &clock = *Environment::current().clock;
-    const Clock::Timer patience = clock.schedule(storePatience, [self] {
+    const QPointer<AuthManager> auth(&AuthManager::shared());
+    const Clock::Timer patience = Environment::current().clock->schedule(storePatience, [self] {
         if (self) {
             self->endSplash();
         }
     });
-    auto &auth = AuthManager::shared();
-    const auto token = co_await auth.keychain.read(auth.tokenKey);
-    clock.cancel(patience);
+    const auto token = co_await auth->keychain.read(auth->tokenKey);
+    if (!auth) {
+        co_return; // and the clock has gone with it
+    }
+    Environment::current().clock->cancel(patience);
     if (token && !token->isEmpty()) {
-        auth.setIsAuthenticated(true);
-        auth.fetchCurrentUser(u"Failed to fetch user on launch: "_s);
+        auth->setIsAuthenticated(true);
+        auth->fetchCurrentUser(u"Failed to fetch user on launch: "_s);
     }
     if (self) {
         self->endSplash();

@@ -5,6 +5,7 @@
 #include "service/QuillmereAPIClient.h"
 
 #include <QJSEngine>
+#include <QPointer>
 
 using namespace Qt::StringLiterals;
 
@@ -33,6 +34,7 @@ AuthManager::~AuthManager()
 
 void AuthManager::setIsAuthenticated(bool isAuthenticated)
 {
+    ++m_session;
     publish(m_isAuthenticated, isAuthenticated, u"isAuthenticated"_s, &AuthManager::isAuthenticatedChanged);
 }
 
@@ -41,15 +43,17 @@ void AuthManager::setCurrentUser(std::optional<UserProfile> user)
     publish(m_currentUser, std::move(user), u"currentUser"_s, &AuthManager::currentUserChanged);
 }
 
-QCoro::Task<> AuthManager::fetchCurrentUser(QString complaint)
+QCoro::Task<Result<UserProfile>> AuthManager::fetchCurrentUser(QString complaint)
 {
     const QPointer<AuthManager> self(this);
+    const quint64 session = m_session;
     const auto user = co_await QuillmereAPIClient::shared().getCurrentUser();
     if (!user) {
         print(complaint + user.failure().localizedDescription());
-    } else if (self) {
+    } else if (self && session == self->m_session) {
         self->setCurrentUser(*user);
     }
+    co_return user;
 }
 
 QCoro::Task<std::optional<QString>> AuthManager::accessToken()

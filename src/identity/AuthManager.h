@@ -2,6 +2,7 @@
 
 #include "identity/KeychainHelper.h"
 #include "platform/Observable.h"
+#include "platform/Result.h"
 #include "service/Records.h"
 #include "service/ServiceSession.h"
 
@@ -48,9 +49,9 @@ public:
     // No operation of the service tells a subscription, so this stays absent.
     const std::optional<SubscriptionInfo> &subscription() const { return m_subscription; }
 
-    // Asks the service who is signed in and takes the answer as the current user. A failure is printed behind `complaint` and
-    // changes nothing.
-    QCoro::Task<> fetchCurrentUser(QString complaint);
+    // Asks the service who is signed in and takes the answer as the current user, unless the session has ended meanwhile. A
+    // failure is printed behind `complaint` and changes nothing.
+    QCoro::Task<Result<UserProfile>> fetchCurrentUser(QString complaint);
 
     QCoro::Task<std::optional<QString>> accessToken() override;
 
@@ -68,6 +69,7 @@ private:
     AuthManager();
 
     bool m_isAuthenticated = false;
+    quint64 m_session = 0; // rises with each sign-in and each logout
     std::optional<UserProfile> m_currentUser;
     std::optional<SubscriptionInfo> m_subscription;
 };

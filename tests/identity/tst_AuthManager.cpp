@@ -162,6 +162,22 @@ private slots:
         QCOMPARE(auth().currentUser()->id, u"u1"_s);
     }
 
+    void givesNoUserToASessionThatHasEndedMeanwhile()
+    {
+        QVERIFY(fetchesWhile([] { auth().logout(); }));
+        QVERIFY(!auth().currentUser());
+    }
+
+    void givesNoUserOfAnEndedSessionToTheNextOne()
+    {
+        QVERIFY(fetchesWhile([this] {
+            auth().logout();
+            m_world->isSignedIn(u"grace@example.org"_s);
+            auth().setCurrentUser(UserProfile{u"u2"_s, u"grace@example.org"_s, u"Grace"_s, std::nullopt});
+        }));
+        QCOMPARE(auth().currentUser()->id, u"u2"_s);
+    }
+
     void isOverWhenTheServiceNoLongerTakesTheToken_data()
     {
         QTest::addColumn<QByteArray>("route");
@@ -241,7 +257,22 @@ private:
     bool fetches()
     {
         bool ended = false;
-        auth().fetchCurrentUser(u"No user: "_s).then([&] { ended = true; });
+        auth().fetchCurrentUser(u"No user: "_s).then([&](const auto &) { ended = true; });
+        return eventually([&] { return ended; });
+    }
+
+    // Fetches the user, of whom the service tells only after that has happened.
+    bool fetchesWhile(const std::function<void()> &happens)
+    {
+        isSignedInWhole();
+        m_world->service.on("GET /v1/auth/me").hangsBeforeReply();
+        bool ended = false;
+        auth().fetchCurrentUser(u"No user: "_s).then([&](const auto &user) { ended = bool(user); });
+        if (!eventually([&] { return m_world->service.requests().size() == 1; })) {
+            return false;
+        }
+        happens();
+        m_world->service.release();
         return eventually([&] { return ended; });
     }
 

@@ -1,10 +1,8 @@
 #include "workspace/settings/SettingsViewModel.h"
 
-#include "app/theme/Color.h"
-#include "platform/Console.h"
+#include "app/theme/Theme.h"
 #include "platform/Text.h"
 
-#include <QCoreApplication>
 #include <QPointer>
 #include <QTextBoundaryFinder>
 
@@ -125,12 +123,12 @@ QColor SettingsViewModel::planColor() const
 {
     const QString plan = m_subscription ? m_subscription->plan : QString();
     if (plan == u"enterprise"_s) {
-        return Color::hex(u"A855F7"_s);
+        return Theme::purple();
     }
     if (plan == u"pro"_s) {
-        return Color::hex(u"3B82F6"_s);
+        return Theme::accent();
     }
-    return Color::hex(u"A1A1AA"_s);
+    return Theme::textSecondary();
 }
 
 QStringList SettingsViewModel::features() const
@@ -179,15 +177,7 @@ void SettingsViewModel::loadUserData()
 QCoro::Task<> SettingsViewModel::fetchUser()
 {
     const QPointer<SettingsViewModel> self(this);
-    const QPointer<AuthManager> session(&authManager);
-    const auto user = co_await api.getCurrentUser();
-    // The session and the printed line do not depend on whether the screen is still there. A session that has ended meanwhile
-    // has no user.
-    if (!user) {
-        print(u"Failed to fetch fresh user data: "_s + user.failure().localizedDescription());
-    } else if (session && session->isAuthenticated()) {
-        session->setCurrentUser(*user);
-    }
+    const auto user = co_await authManager.fetchCurrentUser(u"Failed to fetch fresh user data: "_s);
     if (!self) {
         co_return;
     }
