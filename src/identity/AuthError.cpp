@@ -8,10 +8,9 @@ namespace quillmere {
 
 namespace {
 
-QString tr(const char *text)
-{
-    return QCoreApplication::translate("AuthError", text);
-}
+struct Texts {
+    Q_DECLARE_TR_FUNCTIONS(AuthError)
+};
 
 } // namespace
 
@@ -21,13 +20,14 @@ QString errorDescription(AuthError error, const QString &message)
     case AuthError::serverError:
         return message;
     case AuthError::invalidCredentials:
-        return tr("Invalid email or password");
+        return Texts::tr("Invalid email or password");
     case AuthError::invalidCode:
-        return tr("Invalid authenticator code. Please try again.");
+        return Texts::tr("Invalid authenticator code. Please try again.");
     case AuthError::userNotFound:
-        return tr("No account found with this email. Please sign up at ") + Environment::current().hosts.signUpHost;
+        return Texts::tr("No account found with this email. Please sign up at ")
+            + Environment::current().hosts.signUpHost;
     case AuthError::networkError:
-        return tr("Network error. Please check your connection.");
+        return Texts::tr("Network error. Please check your connection.");
     }
     Q_UNREACHABLE();
 }

@@ -20,10 +20,9 @@ namespace quillmere::text {
 
 namespace {
 
-QString tr(const char *sourceText, int count = -1)
-{
-    return QCoreApplication::translate("Text", sourceText, nullptr, count);
-}
+struct Texts {
+    Q_DECLARE_TR_FUNCTIONS(Text)
+};
 
 // The C locale, of a desktop that names none, counts as US English.
 QLocale userLocale()
@@ -115,12 +114,12 @@ qsizetype characterCount(const QString &text)
 QString byteCount(qint64 bytes)
 {
     if (bytes == 0) {
-        return tr("Zero KB");
+        return Texts::tr("Zero KB");
     }
     const double size = std::abs(double(bytes));
     const QString sign = bytes < 0 ? u"-"_s : QString();
     if (size < 1000) {
-        return size == 1 ? sign + tr("1 byte") : sign + tr("%1 bytes").arg(qint64(size));
+        return size == 1 ? sign + Texts::tr("1 byte") : sign + Texts::tr("%1 bytes").arg(qint64(size));
     }
     struct Unit {
         const char *text;
@@ -151,7 +150,7 @@ QString byteCount(qint64 bytes)
             }
             digits.replace(u'.', QLocale().decimalPoint());
         }
-        return sign + tr(units[i].text).arg(digits);
+        return sign + Texts::tr(units[i].text).arg(digits);
     }
     Q_UNREACHABLE();
 }
@@ -210,16 +209,16 @@ QString relative(const QDateTime &when, const QDateTime &now)
     constexpr qint64 hour = 60 * minute;
     constexpr qint64 day = 24 * hour;
     if (seconds < minute) {
-        return tr("%1 sec").arg(seconds);
+        return Texts::tr("%1 sec").arg(seconds);
     }
     if (seconds < hour) {
-        return tr("%1 min").arg(seconds / minute);
+        return Texts::tr("%1 min").arg(seconds / minute);
     }
     if (seconds < day) {
-        return tr("%1 hr").arg(seconds / hour);
+        return Texts::tr("%1 hr").arg(seconds / hour);
     }
     const qint64 days = seconds / day;
-    return days == 1 ? tr("1 day") : tr("%1 days").arg(days);
+    return days == 1 ? Texts::tr("1 day") : Texts::tr("%1 days").arg(days);
 }
 
 } // namespace quillmere::text

@@ -4,10 +4,18 @@
 
 namespace quillmere {
 
+namespace {
+
+struct Texts {
+    Q_DECLARE_TR_FUNCTIONS(UploadForm)
+};
+
+} // namespace
+
 Result<UploadForm> UploadForm::make(const QString &filename, QByteArray fileData, const QByteArray &boundary)
 {
     if (filename.contains(u'\r') || filename.contains(u'\n') || filename.contains(u'\0')) {
-        return Failure(Failure::Kind::Encoding, QCoreApplication::translate("QuillmereAPIClient", "Invalid file name"));
+        return Failure(Failure::Kind::Encoding, Texts::tr("Invalid file name"));
     }
     return UploadForm{"multipart/form-data; boundary=" + boundary,
         {
