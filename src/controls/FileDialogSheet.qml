@@ -85,20 +85,6 @@ Sheet {
         ListView {
             id: list
 
-            property string typed
-            property real typedAt: 0
-
-            // Letters typed one soon after the other are the beginning of a name.
-            function seek(letters: string) {
-                const now = Date.now();
-                typed = now - typedAt < 1000 ? typed + letters : letters;
-                typedAt = now;
-                const row = FileDialog.rowOf(typed);
-                if (row >= 0) {
-                    currentIndex = row;
-                }
-            }
-
             anchors.left: parent.left
             anchors.leftMargin: 20
             anchors.right: parent.right
@@ -136,7 +122,10 @@ Sheet {
                 } else if (event.key === Qt.Key_Backspace) {
                     FileDialog.goUp();
                 } else if (event.text.length > 0 && event.text >= " " && !(event.modifiers & (Qt.ControlModifier | Qt.AltModifier))) {
-                    seek(event.text);
+                    const row = FileDialog.seek(event.text);
+                    if (row >= 0) {
+                        currentIndex = row;
+                    }
                 } else {
                     return;
                 }

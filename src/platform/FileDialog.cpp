@@ -24,6 +24,9 @@ namespace quillmere {
 
 namespace {
 
+// Letters typed within this time of the last ones belong to the same name.
+constexpr std::chrono::milliseconds sameName{1000};
+
 // What was found under a path.
 struct Found {
     QString folder;
@@ -147,6 +150,14 @@ void FileDialog::close()
     end({});
 }
 
+int FileDialog::seek(const QString &letters)
+{
+    const auto now = Environment::current().clock->uptime();
+    m_sought = now - m_soughtAt < sameName ? m_sought + letters : letters;
+    m_soughtAt = now;
+    return rowOf(m_sought);
+}
+
 int FileDialog::rowOf(const QString &beginning) const
 {
     const auto &entries = m_entries.records();
@@ -175,6 +186,7 @@ QCoro::Task<> FileDialog::show(QString path, QString cameFrom)
         co_return;
     }
     m_folder = found.folder;
+    m_sought.clear();
     m_entries.setRecords(found.entries);
     emit changed();
     const auto from = std::find_if(found.entries.cbegin(), found.entries.cend(),

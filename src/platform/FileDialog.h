@@ -3,11 +3,11 @@
 #include "platform/FilePicker.h"
 #include "platform/RecordListModel.h"
 
-#include <QDateTime>
 #include <QObject>
 #include <QPromise>
 #include <QtQml/qqmlregistration.h>
 
+#include <chrono>
 #include <memory>
 
 class QJSEngine;
@@ -69,8 +69,9 @@ public:
     Q_INVOKABLE void goTo(const QString &path);
     // Closes the dialog; nothing is picked.
     Q_INVOKABLE void close();
-    // The row of the first entry whose name begins so, whatever the case; -1 where there is none.
-    Q_INVOKABLE int rowOf(const QString &beginning) const;
+    // The row of the first entry whose name begins with these letters, whatever the case; -1 where there is none. Letters that
+    // follow others soon go on with the same name.
+    Q_INVOKABLE int seek(const QString &letters);
 
 signals:
     void changed();
@@ -84,11 +85,14 @@ private:
 
     QCoro::Task<> show(QString path, QString cameFrom = {});
     void end(const QList<QUrl> &picked);
+    int rowOf(const QString &beginning) const;
 
     FileRequest m_request;
     QString m_folder;
     QString m_problem;
     RecordListModel<FileEntry> m_entries;
+    QString m_sought; // in this folder
+    std::chrono::milliseconds m_soughtAt{0};
     std::unique_ptr<QPromise<QList<QUrl>>> m_answer; // while the dialog is up
     quint64 m_turn = 0;                              // of the last folder asked for
 };

@@ -11,6 +11,7 @@
 #include <sys/stat.h>
 
 using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
 using quillmere::testing::eventually;
 using quillmere::testing::settle;
 
@@ -175,9 +176,37 @@ private slots:
         write(u"alpha.json"_s);
         write(u"Beta.json"_s);
         opens();
-        QCOMPARE(dialog().rowOf(u"b"_s), 1);
-        QCOMPARE(dialog().rowOf(u"AL"_s), 0);
-        QCOMPARE(dialog().rowOf(u"z"_s), -1);
+        QCOMPARE(dialog().seek(u"b"_s), 1);
+        m_world->clock.advance(1s);
+        QCOMPARE(dialog().seek(u"AL"_s), 0);
+        m_world->clock.advance(1s);
+        QCOMPARE(dialog().seek(u"z"_s), -1);
+    }
+
+    void findsANameByLettersThatFollowOneAnotherSoon()
+    {
+        write(u"alpha.json"_s);
+        write(u"album.json"_s);
+        write(u"lemon.json"_s);
+        opens();
+        QCOMPARE(dialog().seek(u"a"_s), 0);
+        m_world->clock.advance(999ms);
+        QCOMPARE(dialog().seek(u"l"_s), 0);
+        m_world->clock.advance(999ms);
+        QCOMPARE(dialog().seek(u"p"_s), 1);
+        m_world->clock.advance(1s);
+        QCOMPARE(dialog().seek(u"l"_s), 2);
+    }
+
+    void forgetsInAnotherFolderWhatWasSoughtInTheLast()
+    {
+        QVERIFY(QDir(m_folder->path()).mkdir(u"alpha"_s));
+        write(u"alpha/lemon.json"_s);
+        opens();
+        QCOMPARE(dialog().seek(u"a"_s), 0);
+        dialog().open(0);
+        QVERIFY(eventually([] { return dialog().folder().endsWith(u"/alpha"_s); }));
+        QCOMPARE(dialog().seek(u"l"_s), 0);
     }
 
     void picksNothingWhenClosed()
