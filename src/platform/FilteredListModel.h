@@ -78,7 +78,7 @@ public:
                 places.push_back(place);
             }
         }
-        if (places.size() <= mostPieces) {
+        if (qsizetype(places.size()) <= mostPieces) {
             std::for_each(places.rbegin(), places.rend(), [this](qsizetype place) { remove(place); });
             return;
         }
@@ -100,10 +100,12 @@ public:
         } else if (showed) {
             beginRemoveRows({}, row, row);
             m_shown.erase(shown);
+            m_madeRow = -1;
             endRemoveRows();
         } else if (shows) {
             beginInsertRows({}, row, row);
             m_shown.insert(shown, place);
+            m_madeRow = -1;
             endInsertRows();
         }
     }
@@ -144,9 +146,6 @@ public:
 
 private:
     using Roles = RecordRoles<Row>;
-
-    // More pieces than this, and a reset costs the view less.
-    static constexpr size_t mostPieces = 64;
 
     void remove(qsizetype place)
     {
@@ -197,10 +196,10 @@ private:
         const int first = int(before - m_shown.begin());
         const int going = int(beforeEnd.base() - before);
         const int coming = int(afterEnd.base() - after);
-        m_madeRow = -1;
         if (going > 0) {
             beginRemoveRows({}, first, first + going - 1);
             m_shown.erase(before, beforeEnd.base());
+            m_madeRow = -1;
             endRemoveRows();
         }
         if (coming > 0) {
@@ -240,7 +239,7 @@ private:
     std::vector<qsizetype> m_shown; // the places of the records that pass, rising
 
     mutable Row m_row;
-    mutable int m_madeRow = -1; // whose row m_row is
+    mutable int m_madeRow = -1; // whose row m_row is; a view may ask until the very change of m_shown
 };
 
 } // namespace quillmere

@@ -58,9 +58,6 @@ public:
     }
 
 private:
-    // More pieces than this, and a reset costs the view less.
-    static constexpr qsizetype mostPieces = 64;
-
     using Key = std::decay_t<decltype(std::declval<Record>().id)>;
     using Roles = RecordRoles<Record>;
 

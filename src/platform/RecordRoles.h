@@ -13,6 +13,9 @@
 
 namespace quillmere {
 
+// A list that changes in more pieces than this is reset instead, which costs its view less.
+inline constexpr qsizetype mostPieces = 64;
+
 // What a view calls the fields of a record: by their own names, but for "id", which means something else in QML and is
 // called "identifier".
 template <typename Record> class RecordRoles {

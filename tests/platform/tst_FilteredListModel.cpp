@@ -106,6 +106,41 @@ private slots:
         QCOMPARE(m_model->rowCount(m_model->index(0)), 0);
     }
 
+    void showsWhatIsThereToWhoLookedWhileItChanged_data()
+    {
+        QTest::addColumn<std::function<void(FruitModel &)>>("change");
+        QTest::addColumn<QString>("names");
+        using Change = std::function<void(FruitModel &)>;
+        QTest::newRow("a record goes") << Change([](auto &model) {
+            model.removeIf([](const Fruit &fruit) { return fruit.name == u"Apple"_s; });
+        }) << u"Pear Grape Pineapple"_s;
+        QTest::newRow("a record comes") << Change([](auto &model) {
+            model.prepend({u"Plum"_s, 60});
+        }) << u"Plum Apple Pear Grape Pineapple"_s;
+        QTest::newRow("a record stops passing") << Change([](auto &model) {
+            model.filter([](const Fruit &fruit) { return fruit.weight > 0; });
+            model.replace(0, {u"Apple"_s, 0});
+        }) << u"Pear Grape Pineapple"_s;
+        QTest::newRow("a record begins to pass") << Change([](auto &model) {
+            model.filter([](const Fruit &fruit) { return fruit.weight > 150; });
+            model.replace(0, {u"Apple"_s, 200});
+        }) << u"Apple Pear Pineapple"_s;
+        QTest::newRow("a search leaves some out") << Change([](auto &model) { model.search(u"pear"_s); }) << u"Pear"_s;
+        QTest::newRow("a search lets some in again") << Change([](auto &model) {
+            model.search(u"pear"_s);
+            model.search({});
+        }) << u"Apple Pear Grape Pineapple"_s;
+    }
+    void showsWhatIsThereToWhoLookedWhileItChanged()
+    {
+        QFETCH(std::function<void(FruitModel &)>, change);
+        const auto look = [this] { m_model->data(m_model->index(0), Qt::UserRole); };
+        connect(m_model.get(), &QAbstractItemModel::rowsAboutToBeRemoved, this, look);
+        connect(m_model.get(), &QAbstractItemModel::rowsAboutToBeInserted, this, look);
+        change(*m_model);
+        QTEST(m_model->names(), "names");
+    }
+
     void makesARowOnlyWhenItIsAskedFor()
     {
         m_tester.reset();
