@@ -1,12 +1,9 @@
 #include "workspace/datasets/DatasetCells.h"
 
-#include "app/theme/Color.h"
+#include "app/theme/Theme.h"
 #include "platform/Text.h"
 #include "service/Records.h"
-
-#include <QCoreApplication>
-
-#include <array>
+#include "workspace/ShownWord.h"
 
 using namespace Qt::StringLiterals;
 
@@ -31,15 +28,15 @@ QString iconOf(const QString &filename)
 QColor colorOfPurpose(const QString &purpose)
 {
     if (purpose == u"fine-tune"_s) {
-        return Color::hex(u"22C55E"_s);
+        return Theme::success();
     }
     if (purpose == u"validation"_s) {
-        return Color::hex(u"3B82F6"_s);
+        return Theme::accent();
     }
     if (purpose == u"test"_s) {
-        return Color::hex(u"A855F7"_s);
+        return Theme::purple();
     }
-    return Color::hex(u"A1A1AA"_s);
+    return Theme::textSecondary();
 }
 
 // A name may hold line breaks and tabs, a row has one line.
@@ -57,15 +54,9 @@ QString inOneLine(QString filename)
 
 QString purposeTitle(const QString &purpose)
 {
-    constexpr std::array known{QT_TRANSLATE_NOOP("DatasetCells", "All"), QT_TRANSLATE_NOOP("DatasetCells", "Fine-Tune"),
-        QT_TRANSLATE_NOOP("DatasetCells", "Validation"), QT_TRANSLATE_NOOP("DatasetCells", "Test")};
-    const QString title = text::capitalized(purpose);
-    for (const char *word : known) {
-        if (title == QLatin1StringView(word)) {
-            return QCoreApplication::translate("DatasetCells", word);
-        }
-    }
-    return title;
+    return shownWord(purpose, "DatasetCells",
+        {QT_TRANSLATE_NOOP("DatasetCells", "All"), QT_TRANSLATE_NOOP("DatasetCells", "Fine-Tune"),
+            QT_TRANSLATE_NOOP("DatasetCells", "Validation"), QT_TRANSLATE_NOOP("DatasetCells", "Test")});
 }
 
 DatasetCells DatasetCells::of(const DatasetInfo &dataset)

@@ -20,19 +20,24 @@ QStringList textsOf(const ModelInfo &model)
     return {model.name, model.description.value_or(QString())};
 }
 
+const char *nameOf(ModelsVocabulary::ModelFilter filter)
+{
+    switch (filter) {
+    case ModelsVocabulary::ModelFilter::All:
+        return QT_TRANSLATE_NOOP("ModelsViewModel", "All");
+    case ModelsVocabulary::ModelFilter::Supported:
+        return QT_TRANSLATE_NOOP("ModelsViewModel", "Fine-tunable");
+    case ModelsVocabulary::ModelFilter::Downloaded:
+        return QT_TRANSLATE_NOOP("ModelsViewModel", "Downloaded");
+    }
+    Q_UNREACHABLE();
+}
+
 } // namespace
 
 QString ModelsVocabulary::rawValue(ModelFilter filter)
 {
-    switch (filter) {
-    case ModelFilter::All:
-        return QString::fromLatin1(QT_TRANSLATE_NOOP("ModelsViewModel", "All"));
-    case ModelFilter::Supported:
-        return QString::fromLatin1(QT_TRANSLATE_NOOP("ModelsViewModel", "Fine-tunable"));
-    case ModelFilter::Downloaded:
-        return QString::fromLatin1(QT_TRANSLATE_NOOP("ModelsViewModel", "Downloaded"));
-    }
-    Q_UNREACHABLE();
+    return QString::fromLatin1(nameOf(filter));
 }
 
 ModelsViewModel::ModelsViewModel(QObject *parent)
@@ -47,7 +52,7 @@ ModelRow ModelsViewModel::rowOf(const ModelInfo &model) const
 
 QString ModelsViewModel::filterTitle(ModelFilter filter)
 {
-    return tr(ModelsVocabulary::rawValue(filter).toLatin1());
+    return tr(nameOf(filter));
 }
 
 QString ModelsViewModel::failureText() const

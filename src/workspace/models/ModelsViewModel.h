@@ -22,7 +22,7 @@ QML_NAMED_ELEMENT(ModelsVocabulary)
 enum class ModelFilter { All, Supported, Downloaded };
 Q_ENUM_NS(ModelFilter)
 
-// "All", "Fine-tunable", "Downloaded": what the filter is called, and what its pill reads.
+// "All", "Fine-tunable", "Downloaded": what the filter is called, whatever the user's language.
 QString rawValue(ModelFilter filter);
 
 } // namespace ModelsVocabulary

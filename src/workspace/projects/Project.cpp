@@ -2,21 +2,37 @@
 
 #include <QCoreApplication>
 
-using namespace Qt::StringLiterals;
-
 namespace quillmere {
+
+namespace {
+
+struct Texts {
+    Q_DECLARE_TR_FUNCTIONS(Project)
+};
+
+const char *nameOf(Project::ProjectStatus status)
+{
+    switch (status) {
+    case Project::ProjectStatus::active:
+        return QT_TRANSLATE_NOOP("Project", "Active");
+    case Project::ProjectStatus::training:
+        return QT_TRANSLATE_NOOP("Project", "Training");
+    case Project::ProjectStatus::archived:
+        return QT_TRANSLATE_NOOP("Project", "Archived");
+    }
+    Q_UNREACHABLE();
+}
+
+} // namespace
 
 QString Project::rawValue(ProjectStatus status)
 {
-    switch (status) {
-    case ProjectStatus::active:
-        return QString::fromLatin1(QT_TRANSLATE_NOOP("ProjectRow", "Active"));
-    case ProjectStatus::training:
-        return QString::fromLatin1(QT_TRANSLATE_NOOP("ProjectRow", "Training"));
-    case ProjectStatus::archived:
-        return QString::fromLatin1(QT_TRANSLATE_NOOP("ProjectRow", "Archived"));
-    }
-    Q_UNREACHABLE();
+    return QString::fromLatin1(nameOf(status));
+}
+
+QString Project::title(ProjectStatus status)
+{
+    return Texts::tr(nameOf(status));
 }
 
 } // namespace quillmere

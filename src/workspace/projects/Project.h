@@ -19,6 +19,8 @@ struct Project {
 
     // "Active", "Training", "Archived".
     static QString rawValue(ProjectStatus status);
+    // The same in the user's language.
+    static QString title(ProjectStatus status);
 };
 
 } // namespace quillmere

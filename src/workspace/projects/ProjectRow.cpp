@@ -1,12 +1,10 @@
 #include "workspace/projects/ProjectRow.h"
 
-#include "app/theme/Color.h"
+#include "app/theme/Theme.h"
 #include "platform/Text.h"
 #include "workspace/projects/Project.h"
 
 #include <QCoreApplication>
-
-using namespace Qt::StringLiterals;
 
 namespace quillmere {
 
@@ -16,11 +14,11 @@ QColor colorOf(Project::ProjectStatus status)
 {
     switch (status) {
     case Project::ProjectStatus::active:
-        return Color::hex(u"22C55E"_s);
+        return Theme::success();
     case Project::ProjectStatus::training:
-        return Color::hex(u"3B82F6"_s);
+        return Theme::accent();
     case Project::ProjectStatus::archived:
-        return Color::hex(u"71717A"_s);
+        return Theme::textTertiary();
     }
     Q_UNREACHABLE();
 }
@@ -35,7 +33,7 @@ ProjectRow ProjectRow::of(const Project &project, const QDateTime &now)
         .description = project.description,
         .modelCount = QString::number(project.modelCount),
         .datasetCount = QString::number(project.datasetCount),
-        .badge = QCoreApplication::translate("ProjectRow", Project::rawValue(project.status).toLatin1()),
+        .badge = Project::title(project.status),
         .statusColor = colorOf(project.status),
         .updatedText = {},
         .lastUpdated = project.lastUpdated,

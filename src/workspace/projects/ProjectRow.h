@@ -24,7 +24,7 @@ struct ProjectRow {
 
     static ProjectRow of(const Project &project, const QDateTime &now);
 
-    // Whether the text reads otherwise at that moment, which it then does.
+    // Makes the text true at that moment, and says whether that changed it.
     bool updateText(const QDateTime &now);
 
     static constexpr auto fields()

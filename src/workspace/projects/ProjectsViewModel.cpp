@@ -13,7 +13,8 @@ namespace quillmere {
 namespace {
 
 constexpr std::chrono::milliseconds sampleProjectsDelay{500};
-// The finest step of a relative date.
+// The finest step of a relative date. The texts are looked at this often instead of at their next change, since the wall clock may
+// be set, or stand still while the machine sleeps.
 constexpr std::chrono::milliseconds tickInterval{1000};
 
 QList<Project> sampleProjects(const QDateTime &now)
@@ -57,14 +58,9 @@ bool holds(const Project &project, const QString &text)
 
 } // namespace
 
-ProjectsViewModel::ProjectsViewModel(QObject *parent) : Observable(parent), m_clock(*Environment::current().clock)
+ProjectsViewModel::ProjectsViewModel(QObject *parent)
+    : Observable(parent), m_clock(*Environment::current().clock), m_tick(tickInterval, [this] { updateTexts(); })
 {
-    keepTextsTrue();
-}
-
-ProjectsViewModel::~ProjectsViewModel()
-{
-    m_clock.cancel(m_tick);
 }
 
 void ProjectsViewModel::setProjects(QList<Project> projects)
@@ -101,22 +97,17 @@ void ProjectsViewModel::refilter()
     emit filteredProjectsChanged();
 }
 
-// Looks every second instead of waiting for the next change, since the wall clock may be set, or stand still while the machine
-// sleeps.
-void ProjectsViewModel::keepTextsTrue()
+void ProjectsViewModel::updateTexts()
 {
-    m_tick = m_clock.schedule(tickInterval, [this] {
-        const QDateTime now = m_clock.now();
-        QList<ProjectRow> rows = m_filteredProjects.records();
-        bool changed = false;
-        for (ProjectRow &row : rows) {
-            changed = row.updateText(now) || changed;
-        }
-        if (changed) {
-            m_filteredProjects.setRecords(std::move(rows));
-        }
-        keepTextsTrue();
-    });
+    const QDateTime now = m_clock.now();
+    QList<ProjectRow> rows = m_filteredProjects.records();
+    bool changed = false;
+    for (ProjectRow &row : rows) {
+        changed = row.updateText(now) || changed;
+    }
+    if (changed) {
+        m_filteredProjects.setRecords(std::move(rows));
+    }
 }
 
 void ProjectsViewModel::loadProjects()

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "platform/Clock.h"
 #include "platform/Observable.h"
 #include "platform/RecordListModel.h"
+#include "platform/RepeatingTimer.h"
 #include "workspace/projects/Project.h"
 #include "workspace/projects/ProjectRow.h"
 
@@ -26,7 +26,6 @@ class ProjectsViewModel : public quillmere::Observable {
 
 public:
     explicit ProjectsViewModel(QObject *parent = nullptr);
-    ~ProjectsViewModel() override;
 
     const QList<Project> &projects() const { return m_projects; }
     bool isLoading() const { return m_isLoading; }
@@ -53,7 +52,7 @@ private:
     void setProjects(QList<Project> projects);
     void setIsLoading(bool isLoading);
     void refilter();
-    void keepTextsTrue();
+    void updateTexts();
 
     QList<Project> m_projects;
     bool m_isLoading = false;
@@ -61,7 +60,7 @@ private:
     QString m_searchText;
     RecordListModel<ProjectRow> m_filteredProjects;
     Clock &m_clock;
-    Clock::Timer m_tick = 0;
+    RepeatingTimer m_tick;
 };
 
 } // namespace quillmere

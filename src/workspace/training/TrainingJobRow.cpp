@@ -1,13 +1,10 @@
 #include "workspace/training/TrainingJobRow.h"
 
-#include "app/theme/Color.h"
-#include "platform/Text.h"
+#include "app/theme/Theme.h"
 #include "service/Records.h"
-
-#include <QCoreApplication>
+#include "workspace/ShownWord.h"
 
 #include <algorithm>
-#include <array>
 
 using namespace Qt::StringLiterals;
 
@@ -18,30 +15,23 @@ namespace {
 QColor colorOfStatus(const QString &status)
 {
     if (status == u"running"_s || status == u"pending"_s) {
-        return Color::hex(u"22C55E"_s);
+        return Theme::success();
     }
     if (status == u"completed"_s) {
-        return Color::hex(u"3B82F6"_s);
+        return Theme::accent();
     }
     if (status == u"failed"_s || status == u"cancelled"_s) {
-        return Color::hex(u"EF4444"_s);
+        return Theme::error();
     }
-    return Color::hex(u"A1A1AA"_s);
+    return Theme::textSecondary();
 }
 
-// Those that the program knows in the user's language, others as the service tells them.
 QString statusTitle(const QString &status)
 {
-    constexpr std::array known{QT_TRANSLATE_NOOP("TrainingJobRow", "Pending"),
-        QT_TRANSLATE_NOOP("TrainingJobRow", "Running"), QT_TRANSLATE_NOOP("TrainingJobRow", "Completed"),
-        QT_TRANSLATE_NOOP("TrainingJobRow", "Failed"), QT_TRANSLATE_NOOP("TrainingJobRow", "Cancelled")};
-    const QString title = text::capitalized(status);
-    for (const char *word : known) {
-        if (title == QLatin1StringView(word)) {
-            return QCoreApplication::translate("TrainingJobRow", word);
-        }
-    }
-    return title;
+    return shownWord(status, "TrainingJobRow",
+        {QT_TRANSLATE_NOOP("TrainingJobRow", "Pending"), QT_TRANSLATE_NOOP("TrainingJobRow", "Running"),
+            QT_TRANSLATE_NOOP("TrainingJobRow", "Completed"), QT_TRANSLATE_NOOP("TrainingJobRow", "Failed"),
+            QT_TRANSLATE_NOOP("TrainingJobRow", "Cancelled")});
 }
 
 } // namespace

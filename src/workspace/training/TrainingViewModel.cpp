@@ -64,21 +64,26 @@ QList<FineTuneJob> sampleJobs(const QDateTime &now)
     };
 }
 
+const char *nameOf(TrainingVocabulary::JobStatusFilter filter)
+{
+    switch (filter) {
+    case TrainingVocabulary::JobStatusFilter::All:
+        return QT_TRANSLATE_NOOP("TrainingViewModel", "All");
+    case TrainingVocabulary::JobStatusFilter::Running:
+        return QT_TRANSLATE_NOOP("TrainingViewModel", "Running");
+    case TrainingVocabulary::JobStatusFilter::Completed:
+        return QT_TRANSLATE_NOOP("TrainingViewModel", "Completed");
+    case TrainingVocabulary::JobStatusFilter::Failed:
+        return QT_TRANSLATE_NOOP("TrainingViewModel", "Failed");
+    }
+    Q_UNREACHABLE();
+}
+
 } // namespace
 
 QString TrainingVocabulary::rawValue(JobStatusFilter filter)
 {
-    switch (filter) {
-    case JobStatusFilter::All:
-        return QString::fromLatin1(QT_TRANSLATE_NOOP("TrainingViewModel", "All"));
-    case JobStatusFilter::Running:
-        return QString::fromLatin1(QT_TRANSLATE_NOOP("TrainingViewModel", "Running"));
-    case JobStatusFilter::Completed:
-        return QString::fromLatin1(QT_TRANSLATE_NOOP("TrainingViewModel", "Completed"));
-    case JobStatusFilter::Failed:
-        return QString::fromLatin1(QT_TRANSLATE_NOOP("TrainingViewModel", "Failed"));
-    }
-    Q_UNREACHABLE();
+    return QString::fromLatin1(nameOf(filter));
 }
 
 bool TrainingVocabulary::passes(JobStatusFilter filter, const QString &status)
@@ -98,7 +103,7 @@ bool TrainingVocabulary::passes(JobStatusFilter filter, const QString &status)
 
 QString TrainingViewModel::filterTitle(JobStatusFilter filter)
 {
-    return tr(TrainingVocabulary::rawValue(filter).toLatin1());
+    return tr(nameOf(filter));
 }
 
 void TrainingViewModel::setJobs(QList<FineTuneJob> jobs)

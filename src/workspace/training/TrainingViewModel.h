@@ -21,7 +21,7 @@ QML_NAMED_ELEMENT(TrainingVocabulary)
 enum class JobStatusFilter { All, Running, Completed, Failed };
 Q_ENUM_NS(JobStatusFilter)
 
-// "All", "Running", "Completed", "Failed": what the filter is called, and what its pill reads.
+// "All", "Running", "Completed", "Failed": what the filter is called, whatever the user's language.
 QString rawValue(JobStatusFilter filter);
 
 // Whether a job of that status passes; statuses are compared letter for letter.
