@@ -13,9 +13,9 @@ set(CMAKE_POSITION_INDEPENDENT_CODE ON)
 
 find_package(Qt6 6.4 REQUIRED COMPONENTS Core Gui Network DBus Qml Quick Concurrent)
 if(BUILD_TESTING)
-    find_package(Qt6 6.4 REQUIRED COMPONENTS Test QuickTest)
+    find_package(Qt6 6.4 REQUIRED COMPONENTS Test)
 endif()
-find_package(QCoro6 0.8 REQUIRED COMPONENTS Core Network)
+find_package(QCoro6 0.8 REQUIRED COMPONENTS Core)
 find_package(simdjson REQUIRED)
 find_package(PkgConfig REQUIRED)
 pkg_check_modules(LIBSECRET REQUIRED IMPORTED_TARGET libsecret-1)
@@ -26,7 +26,6 @@ if(NOT CMAKE_CXX_COMPILER_ID STREQUAL "Clang")
     qcoro_enable_coroutines()
 endif()
 set(QT_QML_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/qml)
-set_property(GLOBAL PROPERTY QUILLMERE_QML_MODULES "")
 
 add_library(quillmere_settings INTERFACE)
 target_compile_features(quillmere_settings INTERFACE cxx_std_20)
@@ -76,7 +75,6 @@ function(quillmere_library name)
         DEPENDENCIES QtQuick ${arg_QML_IMPORTS}
         QML_FILES ${arg_QML_FILES} ${arg_QML_SINGLETONS}
         RESOURCES ${arg_RESOURCES})
-    set_property(GLOBAL APPEND PROPERTY QUILLMERE_QML_MODULES ${name})
     # Every QML file becomes a source file, which takes two thirds of its time to read this one header.
     target_precompile_headers(${name} PRIVATE <QtQml/qqmlprivate.h>)
     # Whoever links a module gets its plugin, without which the engine does not find its types.
@@ -89,8 +87,9 @@ function(quillmere_program name)
     target_link_libraries(${name} PRIVATE quillmere_settings ${arg_LINK})
 endfunction()
 
-# A test program of one source file named after it, registered with CTest. WITH names what it needs around it:
-# "display" (an X server with a window manager), "keyring" (a session bus with a Secret Service).
+# A test program of one source file named after it, registered with CTest. WITH names what it needs around it: "display" (an X
+# server with a window manager), "wayland" (a compositor), "keyring" (a session bus with a Secret Service), "small-disks" (a file
+# system of one megabyte and one that is read-only).
 function(quillmere_test name)
     cmake_parse_arguments(arg "" "TIMEOUT" "WITH;SOURCES;LINK;LABELS" ${ARGN})
     if(NOT arg_TIMEOUT)

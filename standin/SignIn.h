@@ -3,7 +3,6 @@
 #include "standin/Http.h"
 
 #include <QHash>
-#include <QSet>
 
 #include <functional>
 

@@ -25,7 +25,6 @@ struct VersionReply {
     QString version;
     QString webDownloadUrl;
 
-    [[maybe_unused]] static constexpr bool decodableOnly = true;
     static constexpr auto fields()
     {
         return std::tuple{

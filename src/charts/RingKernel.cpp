@@ -3,7 +3,6 @@
 #include <QPointF>
 
 #include <algorithm>
-#include <array>
 #include <cmath>
 #include <numbers>
 

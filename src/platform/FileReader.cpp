@@ -5,11 +5,9 @@
 #include <QCoroFuture>
 
 #include <QCoreApplication>
-#include <QFile>
 #include <QtConcurrentRun>
 
 #include <cerrno>
-#include <cstring>
 #include <fcntl.h>
 #include <new>
 #include <sys/stat.h>

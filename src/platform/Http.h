@@ -61,7 +61,7 @@ public:
 private:
     class Exchange;
 
-    QObject m_managers; // of Qt's, one for each request
+    QObject m_managers; // their parent; there is one for each request
     std::set<Exchange *> m_underWay;
 };
 

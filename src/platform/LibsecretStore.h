@@ -2,7 +2,6 @@
 
 #include "platform/SecretStore.h"
 
-#include <functional>
 #include <memory>
 
 namespace quillmere {

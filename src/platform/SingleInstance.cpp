@@ -8,6 +8,7 @@
 #include <QtEndian>
 
 #include <cstdio>
+#include <memory>
 
 using namespace Qt::StringLiterals;
 

@@ -5,8 +5,6 @@
 #include <QLockFile>
 #include <QObject>
 
-#include <memory>
-
 namespace quillmere {
 
 // Keeps the program to one process per user session. The first process holds a lock file in the user's runtime directory
@@ -27,7 +25,7 @@ public:
     // Takes messages from now on; needs the application object.
     void listen();
 
-    // Lets another process be the first, which this one stays alive beside.
+    // Lets another process be the first while this one lives on.
     void release();
 
 signals:

@@ -2,7 +2,6 @@
 
 #include <QCoreApplication>
 #include <QJsonDocument>
-#include <QTimeZone>
 
 #include <simdjson.h>
 

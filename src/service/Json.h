@@ -238,7 +238,7 @@ concept Decodable = std::default_initializable<T> && requires(json::Decoder &dec
     decoder.read(value, to);
 };
 
-// A record that is only ever received says so by a member decodableOnly.
+// A record that is only ever received may say so by a member decodableOnly.
 template <typename T>
 concept Encodable = !requires
 {

@@ -4,7 +4,6 @@
 
 #include <QColor>
 #include <QFont>
-#include <QSet>
 
 using namespace Qt::StringLiterals;
 using quillmere::testing::Scene;

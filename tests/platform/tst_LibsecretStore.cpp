@@ -3,15 +3,14 @@
 #include "Keyring.h"
 #include "KeyringProcess.h"
 #include "SilentPrompter.h"
+#include "support/BareBus.h"
 
 #include <QCoroTask>
 
 #include <QCoreApplication>
 #include <QDBusConnection>
 #include <QElapsedTimer>
-#include <QFile>
 #include <QProcess>
-#include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>
 
@@ -24,6 +23,7 @@
 
 using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
+using quillmere::testing::BareBus;
 
 namespace quillmere {
 
@@ -218,39 +218,6 @@ int outliveBus()
     say("second: " + Read(store, u"account"_s).answer().toUtf8());
     return 0;
 }
-
-// A session bus that knows of no service.
-class BareBus {
-public:
-    BareBus()
-    {
-        QFile configuration(m_folder.filePath(u"bus.conf"_s));
-        configuration.open(QIODevice::WriteOnly);
-        configuration.write("<busconfig><type>session</type><listen>unix:dir=" + m_folder.path().toUtf8()
-            + "</listen><policy context=\"default\"><allow send_destination=\"*\"/><allow receive_sender=\"*\"/>"
-              "<allow own=\"*\"/></policy></busconfig>");
-        configuration.close();
-        m_daemon.start(
-            u"dbus-daemon"_s, {u"--nofork"_s, u"--print-address"_s, u"--config-file="_s + configuration.fileName()});
-        if (m_daemon.waitForReadyRead()) {
-            m_address = QString::fromUtf8(m_daemon.readLine()).trimmed();
-        }
-    }
-    ~BareBus() { dies(); }
-    Q_DISABLE_COPY_MOVE(BareBus)
-
-    QString address() const { return m_address; }
-    void dies()
-    {
-        m_daemon.kill();
-        m_daemon.waitForFinished();
-    }
-
-private:
-    QTemporaryDir m_folder;
-    QProcess m_daemon;
-    QString m_address;
-};
 
 // This program in another mode, in surroundings of its own.
 class Child {

@@ -1,7 +1,5 @@
 #include "support/FakeClock.h"
 
-#include <QTimeZone>
-
 #include <algorithm>
 
 namespace quillmere::testing {
