@@ -84,7 +84,7 @@ bool Quillmere_StudioApp::open()
         return false;
     }
     // Not before: it waits for the list of faces, and the splash has no symbols.
-    Theme::registerFonts();
+    Theme::registerSymbols();
     auto &queue = MainQueue::shared();
     queue.asyncAfter(std::chrono::seconds(1), this, [] { LifecycleManager::checkLocation(); });
     queue.asyncAfter(std::chrono::seconds(3), this, [] { UpdateManager::shared().checkForUpdates(); });

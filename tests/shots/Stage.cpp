@@ -77,7 +77,7 @@ void Stage::goesTo(SidebarItem::Case destination)
 
 void Stage::opensPage(const QUrl &page, const QVariantMap &properties)
 {
-    Theme::registerFonts();
+    Theme::registerSymbols();
     m_page = std::make_unique<QQuickView>();
     m_page->engine()->addImportPath(u"qrc:/qt/qml"_s);
     m_page->setColor(Theme::background());

@@ -190,7 +190,7 @@ QFont Theme::tracked(QFont font, double spacing)
     return font;
 }
 
-void Theme::registerFonts()
+void Theme::registerSymbols()
 {
     registerFiles(u"QuillmereSymbols-*"_s);
 }

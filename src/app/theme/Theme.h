@@ -94,8 +94,8 @@ public:
     // The same font with letters further apart, in points.
     Q_INVOKABLE static QFont tracked(QFont font, double spacing);
 
-    // Makes the program's font files known by their names; before the first text is laid out.
-    static void registerFonts();
+    // Makes the font of the symbols known by its name, before the first of them is shown. The faces become known at first use.
+    static void registerSymbols();
 };
 
 } // namespace quillmere

@@ -48,7 +48,7 @@ private:
     }
 
 private slots:
-    void initTestCase() { Theme::registerFonts(); }
+    void initTestCase() { Theme::registerSymbols(); }
     void init()
     {
         m_world = std::make_unique<PlatformEnvironment>();

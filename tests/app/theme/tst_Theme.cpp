@@ -14,7 +14,7 @@ class tst_Theme : public QObject {
     Q_OBJECT
 
 private slots:
-    void initTestCase() { Theme::registerFonts(); }
+    void initTestCase() { Theme::registerSymbols(); }
 
     void hasTwelveColors_data()
     {
