@@ -1,5 +1,6 @@
 // A scrolling grid of cards in columns of one width, with air between and around them. Tab comes to one card, the arrow keys go from
-// there to the others: a card takes part with `activeFocusOnTab: GridView.isCurrentItem || activeFocus`.
+// there to the others: a card takes part with `activeFocusOnTab: GridView.isCurrentItem || activeFocus`. Where no card can be acted
+// upon Tab comes to the grid itself.
 import QtQuick
 import QtQuick.Templates as T
 import Quillmere.Controls
@@ -10,6 +11,7 @@ GridView {
     required property string accessibleName
     required property int columns
     required property real cardHeight
+    property bool stepsThroughCards: true
     readonly property real gap: 16
     readonly property real cardWidth: cellWidth - gap
 
@@ -46,11 +48,14 @@ GridView {
     highlightFollowsCurrentItem: false
     boundsBehavior: Flickable.StopAtBounds
     reuseItems: true
+    activeFocusOnTab: !stepsThroughCards && bar.scrollable
+    // Only what shows is made: a card that Qt 6.4 was making ahead of time is never freed when the view goes meanwhile.
+    cacheBuffer: 0
     Accessible.role: Accessible.List
     Accessible.name: accessibleName
     Keys.onPressed: event => {
         bar.scrollByKey(event);
-        if (!event.accepted) {
+        if (!event.accepted && stepsThroughCards) {
             stepByKey(event);
         }
     }

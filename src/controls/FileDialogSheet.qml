@@ -99,6 +99,7 @@ Sheet {
             interactive: false
             boundsBehavior: Flickable.StopAtBounds
             reuseItems: true
+            cacheBuffer: 0
             topMargin: 4
             bottomMargin: 4
             keyNavigationEnabled: true

@@ -26,9 +26,8 @@ QStringList complaints;
 
 void note(QtMsgType type, const QMessageLogContext &, const QString &message)
 {
-    // Of offscreen windows, and of lists that get shorter while their rows are being made: both are Qt's own.
-    const bool isOfQt =
-        message.startsWith(u"This plugin does not support"_s) || message.startsWith(u"DelegateModel::cancel"_s);
+    // Of offscreen windows.
+    const bool isOfQt = message.startsWith(u"This plugin does not support"_s);
     if (type != QtDebugMsg && type != QtInfoMsg && !isOfQt) {
         complaints.append(message);
     }

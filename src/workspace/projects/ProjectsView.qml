@@ -2,7 +2,6 @@
 pragma ComponentBehavior: Bound
 
 import QtQuick
-import QtQuick.Templates as T
 import Quillmere.Controls
 import Quillmere.Theme
 import Quillmere.Workspace
@@ -64,36 +63,20 @@ Rectangle {
             onCreateProject: view.showNewProjectSheet = true
         }
 
-        GridView {
+        CardGrid {
             id: grid
 
-            readonly property real gap: 16
-
             anchors.fill: parent
-            // Whole points, so that the edges of the cards are sharp. Each cell brings the gap behind its card.
-            cellWidth: Math.floor((Math.max(width, 78) - 48 + gap) / 3)
-            cellHeight: 200 + gap
-            leftMargin: 24
-            topMargin: 24
-            bottomMargin: 24 - gap
             visible: !viewModel.isLoading && viewModel.hasFilteredProjects
             model: viewModel.filteredProjects
-            clip: true
-            interactive: false
-            boundsBehavior: Flickable.StopAtBounds
-            reuseItems: true
-            activeFocusOnTab: bar.scrollable
-            Accessible.role: Accessible.List
-            Accessible.name: qsTr("Projects")
-            Keys.onPressed: event => bar.scrollByKey(event)
-
-            T.ScrollBar.vertical: ListScroll {
-                id: bar
-            }
+            columns: 3
+            cardHeight: 200
+            stepsThroughCards: false
+            accessibleName: qsTr("Projects")
 
             delegate: ProjectCard {
-                width: grid.cellWidth - grid.gap
-                height: implicitHeight
+                width: grid.cardWidth
+                height: grid.cardHeight
             }
         }
     }
