@@ -109,7 +109,9 @@ function(quillmere_test name)
     if(QUILLMERE_SANITIZE)
         # Qt's libraries have no frame pointers, and the known leaks are told by what stands deep in the stack.
         list(APPEND environment ASAN_OPTIONS=fast_unwind_on_malloc=0
-            LSAN_OPTIONS=print_suppressions=0:suppressions=${PROJECT_SOURCE_DIR}/tests/support/known-leaks)
+            LSAN_OPTIONS=print_suppressions=0:suppressions=${PROJECT_SOURCE_DIR}/tests/support/known-leaks
+            # Qt is not instrumented: what it does to memory that two threads use is out of the sanitizer's sight.
+            TSAN_OPTIONS=ignore_noninstrumented_modules=1:suppressions=${PROJECT_SOURCE_DIR}/tests/support/known-races)
     endif()
     set_tests_properties(${name} PROPERTIES
         TIMEOUT ${arg_TIMEOUT} LABELS "${arg_LABELS}" ENVIRONMENT "${environment}")
