@@ -24,6 +24,7 @@ Item {
     property real radius: 6
     property color labelColor: Theme.textPrimary
     property color spinnerColor: labelColor
+    property real spinnerSize: 16
     property color fillColor: "transparent"
     property color hoverTint: Theme.hovered
     property real pressedOpacity: 0.8
@@ -53,6 +54,7 @@ Item {
         iconOnly: control.text.length === 0 && control.symbol.length > 0
         color: control.labelColor
         spinnerColor: control.spinnerColor
+        spinnerSize: control.spinnerSize
         spacing: control.spacing
     }
 

@@ -14,13 +14,15 @@ Item {
     required property color color
     property color spinnerColor: color
     required property real spacing
+    required property real spinnerSize
 
     readonly property bool hasLead: busy || symbol.length > 0
     readonly property real leadWidth: (hasLead ? lead.width : 0) + (hasLead && label.visible ? spacing : 0)
 
     implicitWidth: leadWidth + (label.visible ? label.implicitWidth : 0)
-    // Buttons with words are alike in height, with a symbol or a spinner beside them or without.
-    implicitHeight: iconOnly ? icon.implicitHeight : line.height
+    // Buttons with words are alike in height, with a symbol or a spinner beside them or without; in whole points, so that what
+    // stands below is sharp.
+    implicitHeight: iconOnly ? icon.implicitHeight : Math.ceil(line.height)
 
     Item {
         id: lead
@@ -37,7 +39,7 @@ Item {
             visible: !item.busy
             name: item.symbol
             size: item.symbolSize
-            bold: item.font.weight >= Font.DemiBold
+            bold: item.font.weight >= Font.Bold
             color: item.color
         }
 
@@ -46,8 +48,8 @@ Item {
 
             anchors.centerIn: parent
             visible: item.busy
-            width: 16
-            height: 16
+            width: item.spinnerSize
+            height: item.spinnerSize
             color: item.spinnerColor
             Accessible.ignored: true
         }

@@ -10,6 +10,7 @@ ButtonBase {
     property color color: Theme.label
 
     padding: 4
+    hoverTint: "transparent"
     accessibleName: label
     symbolSize: size
     labelColor: color

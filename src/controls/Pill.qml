@@ -11,6 +11,7 @@ ButtonBase {
     verticalPadding: 8
     font: Theme.system(12, Font.Medium)
     labelColor: "white"
+    hoverTint: "transparent"
     fillColor: selected ? Theme.accent : Theme.surface
     Accessible.role: Accessible.RadioButton
     Accessible.checkable: true

@@ -29,7 +29,7 @@ Rectangle {
                 anchors.horizontalCenter: parent.horizontalCenter
                 width: 100
                 height: 100
-                source: "qrc:/logo/QuillmereLogo-100.png"
+                source: Screen.devicePixelRatio > 1 ? "qrc:/logo/QuillmereLogo-200.png" : "qrc:/logo/QuillmereLogo-100.png"
                 Accessible.ignored: true
             }
 

@@ -10,4 +10,5 @@ ButtonBase {
     disabledOpacity: 1
     radius: 8
     verticalPadding: 12
+    spinnerSize: 0.7 * 32
 }

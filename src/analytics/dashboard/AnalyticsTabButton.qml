@@ -12,6 +12,7 @@ ButtonBase {
     padding: 12
     radius: 0
     fillColor: selected ? AnalyticsPalette.card : "transparent"
+    hoverTint: "transparent"
     // The ring around it lies over its neighbours.
     z: visualFocus ? 1 : 0
     Accessible.role: Accessible.PageTab

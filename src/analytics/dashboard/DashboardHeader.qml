@@ -14,7 +14,7 @@ Rectangle {
     signal systemMonitorToggled
     signal systemMonitorDismissed
 
-    implicitHeight: 24 + Math.max(title.height, status.height, controls.height)
+    implicitHeight: 24 + Math.max(title.height, status.height, telemetry.height)
     color: AnalyticsPalette.strip
 
     Row {
@@ -28,7 +28,6 @@ Rectangle {
             anchors.verticalCenter: parent.verticalCenter
             name: "chart.xyaxis.line"
             size: 18
-            bold: true
             color: Color.cyan
         }
 
@@ -78,11 +77,14 @@ Rectangle {
         id: controls
 
         anchors.right: parent.right
-        anchors.rightMargin: 20
+        // What is drawn of the button counts, and not the room around it that takes a press as well.
+        anchors.rightMargin: 20 - monitor.padding
         anchors.verticalCenter: parent.verticalCenter
-        spacing: 12
+        spacing: 12 - monitor.padding
 
         Switch {
+            id: telemetry
+
             anchors.verticalCenter: parent.verticalCenter
             small: true
             text: qsTr("Full Telemetry")
@@ -91,6 +93,8 @@ Rectangle {
         }
 
         IconButton {
+            id: monitor
+
             anchors.verticalCenter: parent.verticalCenter
             symbol: "cpu"
             label: qsTr("System Monitor")

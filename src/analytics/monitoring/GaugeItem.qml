@@ -68,7 +68,9 @@ Item {
             spacing: 4
 
             SymbolIcon {
+                // At the middle of the capitals, which have no descenders.
                 anchors.verticalCenter: parent.verticalCenter
+                anchors.verticalCenterOffset: -1
                 visible: name.length > 0
                 name: gauge.symbol
                 size: 8

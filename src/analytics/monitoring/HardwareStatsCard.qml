@@ -31,8 +31,8 @@ Card {
     Grid {
         id: gauges
 
-        readonly property real cellWidth: (width - spacing) / 2
-        readonly property real cellHeight: (height - spacing) / 2
+        readonly property real cellWidth: Math.floor((width - spacing) / 2)
+        readonly property real cellHeight: Math.floor((height - spacing) / 2)
 
         anchors.top: title.bottom
         anchors.topMargin: 20

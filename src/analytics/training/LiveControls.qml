@@ -114,7 +114,7 @@ Rectangle {
             Switch {
                 width: page.innerWidth
                 text: qsTr("Early Stopping")
-                small: true
+                font: Theme.captionFont
                 checked: panel.telemetry.earlyStopping
                 onToggled: panel.telemetry.earlyStopping = !panel.telemetry.earlyStopping
             }
@@ -122,7 +122,7 @@ Rectangle {
             Switch {
                 width: page.innerWidth
                 text: qsTr("Fast Eval Mode")
-                small: true
+                font: Theme.captionFont
                 checked: panel.telemetry.fastEval
                 onToggled: panel.telemetry.fastEval = !panel.telemetry.fastEval
             }
@@ -134,6 +134,7 @@ Rectangle {
                 font: Theme.system(11, Font.Bold)
                 labelColor: "black"
                 fillColor: Color.yellow
+                hoverTint: "transparent"
                 padding: 10
                 radius: 4
             }
@@ -145,6 +146,7 @@ Rectangle {
                 font: Theme.system(11, Font.Bold)
                 labelColor: "white"
                 fillColor: Color.red
+                hoverTint: "transparent"
                 padding: 10
                 radius: 4
             }

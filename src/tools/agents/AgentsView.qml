@@ -59,7 +59,7 @@ Rectangle {
 
             z: 1
             width: parent.width
-            height: title.implicitHeight + 2 * 16 + 1
+            height: Math.max(title.implicitHeight, buttons.implicitHeight) + 2 * 16 + 1
             color: view.barColor
 
             Label {
@@ -163,6 +163,8 @@ Rectangle {
         x: view.width - width * view.inspection
         width: 300
         height: view.height
+        // Its line goes on where that of the bar ends.
+        headerHeight: topBar.height - 1
         visible: view.inspection > 0
         enabled: agents.hasSelectedNode
         onTitleEdited: title => agents.setTitle(title)

@@ -8,6 +8,7 @@ Rectangle {
     id: inspector
 
     property agentNode node
+    property real headerHeight: 57
     // These change only when they are other ones, whatever else of the node does: a drag leaves the fields alone.
     readonly property string title: node.title
     readonly property string description: node.description
@@ -32,7 +33,7 @@ Rectangle {
         id: header
 
         width: parent.width
-        height: 52
+        height: inspector.headerHeight
         color: Color.hex("1A1A1A")
 
         Row {

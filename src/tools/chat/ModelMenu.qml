@@ -20,7 +20,6 @@ PlainButton {
     radius: 8
     font: Theme.system(13, Font.Medium)
     fillColor: Color.faded(Color.blue, 0.1)
-    hoverTint: Theme.hovered
     Accessible.role: Accessible.ButtonMenu
     Accessible.name: qsTr("Model: %1").arg(selectedModel)
     onClicked: menu.toggle()

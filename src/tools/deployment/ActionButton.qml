@@ -14,11 +14,10 @@ PlainButton {
     padding: 16
     radius: 8
     fillColor: Color.hex("1A1A1A")
-    hoverTint: Theme.hovered
 
     background: Card {
         radius: button.radius
-        color: button.hovered ? Qt.tint(button.fillColor, button.hoverTint) : button.fillColor
+        color: button.fillColor
         strokeColor: Color.hex("333333")
     }
 

@@ -18,7 +18,6 @@ PlainButton {
 
     padding: 16
     accessibleName: version + ", " + badge.text + ", " + acc + ", " + size + ", " + date
-    hoverTint: Theme.hovered
     fillColor: isSelected ? Color.faded(Color.cyan, 0.1) : "transparent"
     Accessible.role: Accessible.RadioButton
     Accessible.checkable: true
@@ -33,7 +32,7 @@ PlainButton {
             width: parent.width
             height: parent.height + radius
             radius: row.cornerRadius
-            color: row.hovered ? Qt.tint(row.fillColor, row.hoverTint) : row.fillColor
+            color: row.fillColor
         }
     }
 

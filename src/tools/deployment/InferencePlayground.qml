@@ -30,6 +30,7 @@ Rectangle {
                 anchors.verticalCenter: parent.verticalCenter
                 name: "play.fill"
                 size: 12
+                bold: true
                 color: Color.gray
             }
 

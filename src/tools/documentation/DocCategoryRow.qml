@@ -16,7 +16,6 @@ PlainButton {
     radius: 8
     labelColor: isSelected ? "white" : Theme.textSecondary
     fillColor: isSelected ? Color.faded(Theme.accent, 0.2) : "transparent"
-    hoverTint: Theme.hovered
     Accessible.selectable: true
     Accessible.selected: isSelected
 

@@ -34,8 +34,7 @@ Rectangle {
         }
 
         Column {
-            x: 8
-            width: sidebar.width - 16
+            width: sidebar.width
             spacing: 4
 
             Repeater {
@@ -69,8 +68,7 @@ Rectangle {
         }
 
         Column {
-            x: 8
-            width: sidebar.width - 16
+            width: sidebar.width
             spacing: 4
 
             ExternalLinkButton {

@@ -16,7 +16,6 @@ PlainButton {
     verticalPadding: 8
     radius: 8
     labelColor: Theme.textTertiary
-    hoverTint: Theme.hovered
     Accessible.role: Accessible.Link
     onClicked: ExternalLinks.open(url)
 

@@ -33,7 +33,6 @@ ButtonBase {
                 anchors.verticalCenter: parent.verticalCenter
                 name: "arrow.right"
                 size: button.font.pixelSize
-                bold: true
                 color: button.labelColor
             }
         }

@@ -13,6 +13,8 @@ DatasetColumns {
     required property color purposeColor
     required property string size
     required property string uploaded
+    // Of the lower corners: the last row fills the table's own.
+    property real cornerRadius: 0
 
     readonly property bool isHovered: pointer.hovered
 
@@ -29,13 +31,22 @@ DatasetColumns {
         parent: row
     }
 
-    Rectangle {
+    Item {
         parent: row
         z: -1
         x: 1
         width: row.width - 2
         height: row.height
-        color: row.isHovered ? Color.faded("white", 0.02) : "transparent"
+        // Cuts off the upper corners, which are round too.
+        clip: row.cornerRadius > 0
+
+        Rectangle {
+            y: -radius
+            width: parent.width
+            height: parent.height + radius
+            radius: row.cornerRadius
+            color: row.isHovered ? Color.faded("white", 0.02) : "transparent"
+        }
     }
 
     Item {

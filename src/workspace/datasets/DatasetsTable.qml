@@ -77,6 +77,7 @@ Item {
                 purposeColor: line.purposeColor
                 size: line.size
                 uploaded: line.uploaded
+                cornerRadius: line.index < list.count - 1 ? 0 : 11
                 onRemove: byKeyboard => table.removeRow(line.index, line.identifier, byKeyboard)
             }
 

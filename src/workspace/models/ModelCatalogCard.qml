@@ -154,6 +154,7 @@ Card {
         text: qsTr("Download")
         busyText: qsTr("Downloading...")
         spinnerColor: "white"
+        spinnerSize: 0.7 * 32
         accessibleName: busy ? qsTr("Downloading %1").arg(card.name) : qsTr("Download %1").arg(card.name)
         activeFocusOnTab: false
         onClicked: card.download()

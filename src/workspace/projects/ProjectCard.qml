@@ -51,7 +51,7 @@ Card {
             id: status
 
             anchors.right: parent.right
-            anchors.verticalCenter: parent.verticalCenter
+            y: Math.round((parent.height - height) / 2)
             text: card.badge
             tint: card.statusColor
         }

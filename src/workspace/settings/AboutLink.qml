@@ -21,7 +21,6 @@ Item {
         anchors.margins: 6
         horizontalPadding: 10
         text: link.title
-        hoverTint: Theme.hovered
         Accessible.role: Accessible.Link
         onClicked: ExternalLinks.open(link.url)
 

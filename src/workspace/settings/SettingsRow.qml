@@ -16,6 +16,7 @@ ButtonBase {
     font: Theme.bodyMediumFont
     labelColor: selected ? "white" : Theme.textSecondary
     fillColor: selected ? Color.faded(Theme.accent, 0.2) : "transparent"
+    hoverTint: "transparent"
     pressedOpacity: 0.7
     Accessible.selectable: true
     Accessible.selected: selected

@@ -108,9 +108,12 @@ Card {
                     }
                 }
 
+                // What is drawn of the buttons counts, and not the room around it that takes a press as well.
                 Row {
                     anchors.verticalCenter: parent.verticalCenter
-                    spacing: 8
+                    leftPadding: -details.padding
+                    rightPadding: -details.padding
+                    spacing: 8 - 2 * details.padding
 
                     IconButton {
                         visible: card.isRunning
@@ -121,6 +124,8 @@ Card {
                     }
 
                     IconButton {
+                        id: details
+
                         symbol: "arrow.right.circle"
                         color: Theme.textSecondary
                         label: qsTr("Details of %1").arg(card.name)
@@ -132,7 +137,8 @@ Card {
 
         Divider {
             visible: card.isRunning
-            width: parent.width
+            x: 1
+            width: parent.width - 2
         }
 
         Item {
