@@ -1,25 +1,4 @@
 // A figure of a running job under its label.
-import QtQuick
 import Quillmere.Controls
-import Quillmere.Theme
 
-Column {
-    id: item
-
-    required property string label
-    required property string value
-
-    spacing: 2
-
-    Label {
-        text: item.label.toUpperCase()
-        font: Theme.system(9, Font.Bold)
-        color: Theme.textTertiary
-    }
-
-    Label {
-        text: item.value
-        font: Theme.monoFont
-        color: "white"
-    }
-}
+CaptionedFigure {}
