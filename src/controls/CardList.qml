@@ -17,6 +17,9 @@ ListView {
     reuseItems: true
     // Only what shows is made: a card that Qt 6.4 was making ahead of time is never freed when the view goes meanwhile.
     cacheBuffer: 0
+    // Tab goes from row to row, and so the next one on either side is there too.
+    displayMarginBeginning: 160
+    displayMarginEnd: 160
     activeFocusOnTab: bar.scrollable
     Accessible.role: Accessible.List
     Accessible.name: accessibleName

@@ -137,8 +137,8 @@ void tst_Panels::showsWhatTheKeyboardComesTo()
 {
     QFETCH(QString, qml);
     Scene scene(qml);
-    // A list makes what lies just out of sight when there is time for it.
-    QTRY_VERIFY(buttonsBelow(scene.item(u"it"_s)) >= 4);
+    // Of a list there is no more than what shows and the next ones.
+    QVERIFY(buttonsBelow(scene.item(u"it"_s)) >= 4);
     scene.press(Qt::Key_Tab); // the region
     scene.press(Qt::Key_Tab);
     scene.press(Qt::Key_Tab);
