@@ -19,8 +19,9 @@ T.Popup {
     anchors.centerIn: parent
     z: 1
     padding: 24
-    implicitWidth: implicitContentWidth + 2 * padding
-    implicitHeight: implicitContentHeight + 2 * padding
+    // Even, so that in the middle of the window it stands on whole points.
+    implicitWidth: 2 * Math.ceil(implicitContentWidth / 2 + padding)
+    implicitHeight: 2 * Math.ceil(implicitContentHeight / 2 + padding)
     modal: true
     dim: true
     focus: true

@@ -87,21 +87,21 @@ void tst_Looks::looksAsItDid_data()
     QTest::addColumn<QStringList>("look");
 
     QTest::newRow("bordered button") << u"BorderedButton { text: \"Add\" }"_s
-                                     << QStringList{u"0 0, 49 25.7: #1fffffff round 6"_s,
-                                            u"12 5.4: Add Inter 13 400 #d9ffffff"_s};
+                                     << QStringList{u"0 0, 49 26: #1fffffff round 6"_s,
+                                            u"12 5: Add Inter 13 400 #d9ffffff"_s};
     QTest::newRow("prominent button") << u"ProminentButton { text: \"Add\" }"_s
                                       << QStringList{
-                                             u"0 0, 49 25.7: #0a84ff round 6"_s, u"12 5.4: Add Inter 13 400 #ffffff"_s};
+                                             u"0 0, 49 26: #0a84ff round 6"_s, u"12 5: Add Inter 13 400 #ffffff"_s};
     QTest::newRow("primary button") << u"PrimaryButton { symbol: \"plus\"; text: \"Add\" }"_s
-                                    << QStringList{u"0 0, 83 31.7: #ffffff round 6"_s,
-                                           u"16 7.4: symbol Quillmere Symbols 17 400 #000000"_s,
-                                           u"41 8.4: Add Inter 13 500 #000000"_s};
+                                    << QStringList{u"0 0, 83 32: #ffffff round 6"_s,
+                                           u"16 7: symbol Quillmere Symbols 17 400 #000000"_s,
+                                           u"41 8: Add Inter 13 500 #000000"_s};
     QTest::newRow("secondary button") << u"SecondaryButton { text: \"Add\" }"_s
                                       << QStringList{
-                                             u"0 0, 58 31.7: #27272a round 6"_s, u"16 8.4: Add Inter 13 500 #ffffff"_s};
+                                             u"0 0, 58 32: #27272a round 6"_s, u"16 8: Add Inter 13 500 #ffffff"_s};
     QTest::newRow("plain button") << u"PlainButton { text: \"Add\" }"_s
                                   << QStringList{
-                                         u"0 0, 25 15.7: #00000000 round 6"_s, u"0 0.4: Add Inter 13 400 #d9ffffff"_s};
+                                         u"0 0, 25 16: #00000000 round 6"_s, u"0 0: Add Inter 13 400 #d9ffffff"_s};
     QTest::newRow("icon button") << u"IconButton { symbol: \"plus\"; label: \"Add\" }"_s
                                  << QStringList{u"0 0, 27 27: #00000000 round 6"_s,
                                         u"4 4: symbol Quillmere Symbols 19 400 #d9ffffff"_s};
@@ -110,15 +110,15 @@ void tst_Looks::looksAsItDid_data()
                                         u"75 16: symbol Quillmere Symbols 17 400 #000000"_s,
                                         u"100 17: Add Inter 13 500 #000000"_s};
     QTest::newRow("busy button") << u"PrimaryButton { text: \"Add\"; busy: true; busyText: \"Adding...\" }"_s
-                                 << QStringList{u"0 0, 113 31.7: #ffffff round 6"_s,
-                                        u"40 8.4: Adding... Inter 13 500 #000000"_s};
+                                 << QStringList{u"0 0, 113 32: #ffffff round 6"_s,
+                                        u"40 8: Adding... Inter 13 500 #000000"_s};
     QTest::newRow("disabled button") << u"PrimaryButton { text: \"Add\"; enabled: false }"_s
-                                     << QStringList{u"0 0, 58 31.7: #ffffff round 6 at 0.5"_s,
-                                            u"16 8.4: Add Inter 13 500 #000000 at 0.5"_s};
+                                     << QStringList{u"0 0, 58 32: #ffffff round 6 at 0.5"_s,
+                                            u"16 8: Add Inter 13 500 #000000 at 0.5"_s};
     QTest::newRow("focused button") << u"BorderedButton { text: \"Add\"; FocusRing {} }"_s
-                                    << QStringList{u"0 0, 49 25.7: #1fffffff round 6"_s,
-                                           u"12 5.4: Add Inter 13 400 #d9ffffff"_s,
-                                           u"-4 -4, 57 33.7: #00000000 round 10 edge 2 #cc0a84ff"_s};
+                                    << QStringList{u"0 0, 49 26: #1fffffff round 6"_s,
+                                           u"12 5: Add Inter 13 400 #d9ffffff"_s,
+                                           u"-4 -4, 57 34: #00000000 round 10 edge 2 #cc0a84ff"_s};
     QTest::newRow("card") << u"Card { width: 100; height: 50 }"_s
                           << QStringList{u"0 0, 100 50: #121214 round 12 edge 1 #27272a"_s};
     QTest::newRow("badge") << u"Badge { text: \"NEW\"; tint: Color.red }"_s
@@ -128,14 +128,14 @@ void tst_Looks::looksAsItDid_data()
                                                 u"8 5: symbol Quillmere Symbols 11 700 #ff453a"_s,
                                                 u"23 0: NEW Inter 10 700 #ff453a"_s};
     QTest::newRow("pill") << u"Pill { text: \"All\" }"_s
-                          << QStringList{u"0 0, 47 30.5: #121214 round 6"_s, u"16 7.3: All Inter 12 500 #ffffff"_s};
+                          << QStringList{u"0 0, 47 31: #121214 round 6"_s, u"16 8: All Inter 12 500 #ffffff"_s};
     QTest::newRow("selected pill") << u"Pill { text: \"All\"; selected: true }"_s
                                    << QStringList{
-                                          u"0 0, 47 30.5: #3b82f6 round 6"_s, u"16 7.3: All Inter 12 500 #ffffff"_s};
+                                          u"0 0, 47 31: #3b82f6 round 6"_s, u"16 8: All Inter 12 500 #ffffff"_s};
     QTest::newRow("row of pills") << u"PillRow { Pill { text: \"A\"; width: 50 } Pill { text: \"B\"; width: 50 } }"_s
-                                  << QStringList{u"0 0, 50 30.5: #121214 round 6"_s,
-                                         u"21 7.3: A Inter 12 500 #ffffff"_s, u"58 0, 50 30.5: #121214 round 6"_s,
-                                         u"79 7.3: B Inter 12 500 #ffffff"_s};
+                                  << QStringList{u"0 0, 50 31: #121214 round 6"_s,
+                                         u"21 8: A Inter 12 500 #ffffff"_s, u"58 0, 50 31: #121214 round 6"_s,
+                                         u"79 8: B Inter 12 500 #ffffff"_s};
     QTest::newRow("plain field") << u"PlainField { label: \"A\"; width: 100; placeholderText: \"Name\" }"_s
                                  << QStringList{u"0 0: Name Inter 14 400 #71717a"_s};
     QTest::newRow("filled field")
@@ -205,15 +205,15 @@ void tst_Looks::looksAsItDid_data()
                                   << QStringList{u"0 0, 100 6: #26ffffff round 3"_s, u"0 0, 40 6: #0a84ff round 3"_s};
     QTest::newRow("empty state")
         << u"EmptyState { width: 400; height: 400; symbol: \"cpu\"; title: \"No Models\"; text: \"There are none.\"; buttonText: \"Add\"; buttonIcon: \"plus\" }"_s
-        << QStringList{u"161 97.6: symbol Quillmere Symbols 77 400 #71717a"_s,
-               u"154.8 198.6: No Models Space Grotesk 18 500 #ffffff"_s,
-               u"147.7 229.6: There are none. Inter 14 400 #a1a1aa"_s, u"158 270.6, 83 31.7: #ffffff round 6"_s,
-               u"174 278: symbol Quillmere Symbols 17 400 #000000"_s, u"199 279: Add Inter 13 500 #000000"_s};
+        << QStringList{u"161 97: symbol Quillmere Symbols 77 400 #71717a"_s,
+               u"154.8 198: No Models Space Grotesk 18 500 #ffffff"_s,
+               u"147.7 229: There are none. Inter 14 400 #a1a1aa"_s, u"158 270, 83 32: #ffffff round 6"_s,
+               u"174 277: symbol Quillmere Symbols 17 400 #000000"_s, u"199 278: Add Inter 13 500 #000000"_s};
     QTest::newRow("screen header")
         << u"ScreenHeader { width: 600; title: \"Models\"; subtitle: \"All of them\"; BorderedButton { width: 50; text: \"A\" } BorderedButton { width: 50; text: \"B\" } }"_s
         << QStringList{u"24 20: Models Space Grotesk 24 700 #ffffff"_s, u"24 55: All of them Inter 14 400 #a1a1aa"_s,
-               u"460 32.6, 50 25.7: #1fffffff round 6"_s, u"481 38: A Inter 13 400 #d9ffffff"_s,
-               u"526 32.6, 50 25.7: #1fffffff round 6"_s, u"547 38: B Inter 13 400 #d9ffffff"_s};
+               u"460 33, 50 26: #1fffffff round 6"_s, u"481 38: A Inter 13 400 #d9ffffff"_s,
+               u"526 33, 50 26: #1fffffff round 6"_s, u"547 38: B Inter 13 400 #d9ffffff"_s};
     QTest::newRow("menu")
         << u"PlainButton { width: 200; height: 30; Menu { visible: root.shows; width: 200\nMenuSection { text: \"Tools\" }\nMenuItem { text: \"Search\"; symbol: \"magnifyingglass\" }\nMenuDivider {}\nMenuItem { text: \"Held\"; checkable: true; checked: true }\nMenuItem { text: \"Other\"; checkable: true }\nMenuItem { text: \"Off\"; enabled: false } } }"_s
         << QStringList{u"0 0, 200 30: #00000000 round 6"_s, u"13 39: Tools Inter 11 600 #8cffffff"_s,
@@ -232,9 +232,9 @@ void tst_Looks::looksAsItDid_data()
                u"513 212, 25 25: #00000000 round 6"_s, u"517 216: symbol Quillmere Symbols 17 400 #a1a1aa"_s};
     QTest::newRow("alert")
         << u"AlertPanel { visible: root.shows; title: \"Sure?\"; text: \"It goes.\"; buttons: [\"Yes\", \"No\"] }"_s
-        << QStringList{u"0 0, 800 600: #8c000000"_s, u"190 226.6, 420 146.7: #2a2a2d round 12 edge 1 #1affffff"_s,
-               u"214 250.6: Sure? Inter 15 600 #ffffff"_s, u"214 277.6: It goes. Inter 13 400 #a1a1aa"_s,
-               u"531 317.6, 55 31.7: #0a84ff round 6"_s, u"547 326: Yes Inter 13 500 #ffffff"_s,
+        << QStringList{u"0 0, 800 600: #8c000000"_s, u"190 226.5, 420 147: #2a2a2d round 12 edge 1 #1affffff"_s,
+               u"214 250.5: Sure? Inter 15 600 #ffffff"_s, u"214 277.5: It goes. Inter 13 400 #a1a1aa"_s,
+               u"531 317.5, 55 32: #0a84ff round 6"_s, u"547 325.5: Yes Inter 13 500 #ffffff"_s,
                u"473 317.6, 50 31.7: #1fffffff round 6"_s, u"489 326: No Inter 13 500 #ffffff"_s};
     QTest::newRow("adaptive grid")
         << u"AdaptiveGrid { width: 310; minimumCellWidth: 90; spacing: 10; Repeater { model: 4; Card { width: parent.cellWidth; height: 20 } } }"_s

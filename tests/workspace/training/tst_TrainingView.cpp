@@ -512,10 +512,10 @@ private slots:
         QCOMPARE(gapBetween(percent, bar), 4.0);
         QCOMPARE(gapAcross(badge, bar), 16.0);
 
-        const QQuickItem *stop = m_window->button(u"Cancel First"_s);
-        const QQuickItem *details = m_window->button(u"Details of First"_s);
-        QCOMPARE(colorOf(m_window->symbol(u"stop.circle"_s, stop)), red);
-        QCOMPARE(colorOf(m_window->symbol(u"arrow.right.circle"_s, details)), textSecondary);
+        const QQuickItem *stop = m_window->symbol(u"stop.circle"_s, m_window->button(u"Cancel First"_s));
+        const QQuickItem *details = m_window->symbol(u"arrow.right.circle"_s, m_window->button(u"Details of First"_s));
+        QCOMPARE(colorOf(stop), red);
+        QCOMPARE(colorOf(details), textSecondary);
         QCOMPARE(gapAcross(bar, stop), 16.0);
         QCOMPARE(gapAcross(stop, details), 8.0);
         QCOMPARE(placeOf(details).right(), placeOf(card).right() - 20);
