@@ -2,7 +2,6 @@
 
 #include <QPoint>
 #include <QString>
-#include <QStringList>
 
 // The X session around a journey: its keyboard and pointer, its windows, and its choice of browser.
 namespace desktop {

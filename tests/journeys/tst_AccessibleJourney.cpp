@@ -1,7 +1,5 @@
-#include "journeys/Desktop.h"
-#include "journeys/Studio.h"
+#include "journeys/JourneyWorld.h"
 #include "platform/Keyring.h"
-#include "standin/StandIn.h"
 
 #include <QDateTime>
 #include <QFile>
@@ -13,10 +11,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-const auto accessTokenEntry = "quillmere_auth_token";
-const auto refreshTokenEntry = "quillmere_refresh_token";
-const QString address = u"grace@example.org"_s;
-const QString secret = u"JBSWY3DPEHPK3PXPJBSWY3DPEHPK3PXP"_s;
 const QString runningJob = u"Support Triage Assistant"_s;
 const QString press = u"Press"_s;
 const QString answer = u"Quantum computing uses quantum bits or qubits..."_s;
@@ -28,24 +22,11 @@ const QString answer = u"Quantum computing uses quantum bits or qubits..."_s;
 class tst_AccessibleJourney : public QObject {
     Q_OBJECT
 
-    std::unique_ptr<StandIn> m_service;
-
-    std::unique_ptr<Studio> starts() const
-    {
-        auto environment = QProcessEnvironment::systemEnvironment();
-        environment.insert(u"QUILLMERE_SERVICE"_s, m_service->origin());
-        return std::make_unique<Studio>(QStringLiteral(STUDIO_UNDER_TEST), QStringList(), environment);
-    }
-
-    bool isAsked(const QByteArray &method, const QByteArray &path, qsizetype times = 1)
-    {
-        return QTest::qWaitFor([&] { return m_service->requests(method, path).size() >= times; }, 20'000);
-    }
+    std::unique_ptr<JourneyWorld> m_world;
 
 private slots:
     void initTestCase()
     {
-        QVERIFY(desktop::setBrowser(QStringLiteral(BROWSER), desktop::dataFolder(), desktop::configFolder()));
         QFile dataset(qEnvironmentVariable("HOME") + u"/questions.json"_s);
         QVERIFY(dataset.open(QIODevice::WriteOnly));
         QVERIFY(dataset.write("{\"text\": \"Why?\"}\n") > 0);
@@ -53,22 +34,19 @@ private slots:
 
     void init()
     {
-        QVERIFY(keyring::clears(accessTokenEntry));
-        QVERIFY(keyring::clears(refreshTokenEntry));
-        m_service = std::make_unique<StandIn>();
-        m_service->hasAccount(address, secret);
-        QVERIFY(m_service->listen());
+        m_world = std::make_unique<JourneyWorld>(QStringLiteral(BROWSER));
+        QVERIFY(m_world->stands());
     }
 
     void cleanup()
     {
-        QCOMPARE(m_service->unexpectedRequests(), QStringList());
-        m_service.reset();
+        QCOMPARE(m_world->service.unexpectedRequests(), QStringList());
+        m_world.reset();
     }
 
     void signsInWorksAndLogsOut()
     {
-        const auto studio = starts();
+        const auto studio = m_world->starts();
         QVERIFY(studio->writes(address, u"Email"_s));
         QVERIFY(studio->does(press, u"Continue"_s));
         QVERIFY(studio->shows(u"Authenticator Code"_s));
@@ -79,7 +57,7 @@ private slots:
         QVERIFY(studio->does(press, u"Training"_s));
         QVERIFY(studio->shows(runningJob));
         QVERIFY(studio->does(press, u"Cancel "_s + runningJob));
-        QVERIFY(isAsked("POST", "/v1/fine-tuning/jobs/ft-40217/cancel"));
+        QVERIFY(m_world->isAsked("POST", "/v1/fine-tuning/jobs/ft-40217/cancel"));
         QVERIFY(studio->shows(runningJob, u"Cancel "_s + runningJob));
 
         QVERIFY(studio->does(press, u"Datasets"_s));
@@ -88,9 +66,9 @@ private slots:
         QVERIFY(studio->does(press, u"Upload Dataset"_s));
         QVERIFY(studio->does(press, u"questions.json"_s));
         QVERIFY(studio->shows(u"Delete questions.json"_s));
-        QVERIFY(isAsked("POST", "/v1/files"));
-        QCOMPARE(m_service->uploads().size(), 1);
-        QCOMPARE(m_service->uploads()[0].filename, u"questions.json"_s);
+        QVERIFY(m_world->isAsked("POST", "/v1/files"));
+        QCOMPARE(m_world->service.uploads().size(), 1);
+        QCOMPARE(m_world->service.uploads()[0].filename, u"questions.json"_s);
 
         QVERIFY(studio->does(press, u"Analytics"_s));
         QVERIFY(studio->does(press, u"Deployment"_s));
@@ -110,8 +88,8 @@ private slots:
     // Nothing in the window leads to these; the program is told to select them.
     void worksAtTheDestinationsWithoutARow()
     {
-        QVERIFY(keyring::stores(accessTokenEntry, m_service->signsIn(address).toStdString()));
-        const auto studio = starts();
+        QVERIFY(keyring::stores(accessTokenEntry, m_world->service.signsIn(address).toStdString()));
+        const auto studio = m_world->starts();
         QVERIFY(studio->shows(u"Sidebar"_s));
 
         studio->hears("documentation");

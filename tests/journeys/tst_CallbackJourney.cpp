@@ -1,7 +1,6 @@
 #include "journeys/Desktop.h"
-#include "journeys/Studio.h"
+#include "journeys/JourneyWorld.h"
 #include "platform/Keyring.h"
-#include "standin/StandIn.h"
 
 #include <QTest>
 
@@ -11,26 +10,11 @@
 
 using namespace Qt::StringLiterals;
 
-namespace {
-
-const auto accessTokenEntry = "quillmere_auth_token";
-const QString address = u"grace@example.org"_s;
-const QString secret = u"JBSWY3DPEHPK3PXPJBSWY3DPEHPK3PXP"_s;
-
-} // namespace
-
 // The program is started many times at once, each time with a URL, as a page does that opens one after the other.
 class tst_CallbackJourney : public QObject {
     Q_OBJECT
 
-    std::unique_ptr<StandIn> m_service;
-
-    std::unique_ptr<Studio> starts(const QStringList &arguments = {}) const
-    {
-        auto environment = QProcessEnvironment::systemEnvironment();
-        environment.insert(u"QUILLMERE_SERVICE"_s, m_service->origin());
-        return std::make_unique<Studio>(QStringLiteral(STUDIO_UNDER_TEST), arguments, environment);
-    }
+    std::unique_ptr<JourneyWorld> m_world;
 
     using Starts = std::vector<std::unique_ptr<Studio>>;
 
@@ -48,24 +32,17 @@ class tst_CallbackJourney : public QObject {
     }
 
 private slots:
-    void initTestCase()
-    {
-        // A browser that opens and leads nowhere.
-        QVERIFY(desktop::setBrowser(u"/bin/true"_s, desktop::dataFolder(), desktop::configFolder()));
-    }
-
     void init()
     {
-        QVERIFY(keyring::clears(accessTokenEntry));
-        m_service = std::make_unique<StandIn>();
-        m_service->hasAccount(address, secret);
-        QVERIFY(m_service->listen());
+        // A browser that opens and leads nowhere.
+        m_world = std::make_unique<JourneyWorld>(u"/bin/true"_s);
+        QVERIFY(m_world->stands());
     }
 
     void cleanup()
     {
-        QCOMPARE(m_service->unexpectedRequests(), QStringList());
-        m_service.reset();
+        QCOMPARE(m_world->service.unexpectedRequests(), QStringList());
+        m_world.reset();
     }
 
     void fiftyStartsGiveOneWindowAndDeliverEveryUrlOnce()
@@ -74,7 +51,7 @@ private slots:
         QByteArrayList told;
         for (int i = 0; i < 50; ++i) {
             const QString url = u"com.quillmere.studio://callback#access_token=token-%1"_s.arg(i, 2, 10, QChar(u'0'));
-            all.push_back(starts({url}));
+            all.push_back(m_world->starts({url}));
             told.append("Received URL: " + url.toUtf8());
         }
         QVERIFY(QTest::qWaitFor([&] { return running(all) == 1; }, 40'000));
@@ -90,19 +67,19 @@ private slots:
         }
         QCOMPARE(desktop::windowCount(u"com.quillmere.studio"_s), 1);
         QCOMPARE(keyring::itemCount(accessTokenEntry), 0);
-        QVERIFY(m_service->requests("GET", "/v1/auth/me").isEmpty());
+        QVERIFY(m_world->service.requests("GET", "/v1/auth/me").isEmpty());
     }
 
     void ofTwentyCallbacksThatComeToASignInOneCounts()
     {
-        const auto studio = starts();
+        const auto studio = m_world->starts();
         QVERIFY(studio->entersCredentials(address, secret));
         QVERIFY(studio->shows(u"Continue in your browser"_s));
         Starts all;
         QByteArrayList told;
         for (int i = 0; i < 20; ++i) {
-            const QString url = u"com.quillmere.studio://callback#access_token="_s + m_service->signsIn(address);
-            all.push_back(starts({url}));
+            const QString url = u"com.quillmere.studio://callback#access_token="_s + m_world->service.signsIn(address);
+            all.push_back(m_world->starts({url}));
             told.append("Received URL: " + url.toUtf8());
         }
         for (const auto &one : all) {
@@ -111,14 +88,14 @@ private slots:
         }
         QVERIFY(studio->shows(u"Sidebar"_s, u"Sign In"_s));
         QVERIFY(QTest::qWaitFor([&] { return linesOf(*studio).size() >= told.size() - 1; }, 20'000));
-        QVERIFY(QTest::qWaitFor([&] { return !m_service->requests("GET", "/v1/auth/me").isEmpty(); }, 20'000));
+        QVERIFY(QTest::qWaitFor([&] { return !m_world->service.requests("GET", "/v1/auth/me").isEmpty(); }, 20'000));
 
         const QByteArray token = QByteArray::fromStdString(keyring::secret(accessTokenEntry));
         const QByteArray taken = "Received URL: com.quillmere.studio://callback#access_token=" + token;
         QCOMPARE(told.removeAll(taken), 1);
         std::sort(told.begin(), told.end());
         QCOMPARE(linesOf(*studio), told);
-        const auto asked = m_service->requests("GET", "/v1/auth/me");
+        const auto asked = m_world->service.requests("GET", "/v1/auth/me");
         QCOMPARE(asked.size(), 1);
         QCOMPARE(asked[0].header("Authorization"), "Bearer " + token);
         QCOMPARE(keyring::itemCount(accessTokenEntry), 1);

@@ -1,7 +1,6 @@
 #include "journeys/Desktop.h"
-#include "journeys/Studio.h"
+#include "journeys/JourneyWorld.h"
 #include "platform/Keyring.h"
-#include "standin/StandIn.h"
 
 #include <QClipboard>
 #include <QDir>
@@ -16,11 +15,6 @@
 using namespace Qt::StringLiterals;
 
 namespace {
-
-const auto accessTokenEntry = "quillmere_auth_token";
-const auto refreshTokenEntry = "quillmere_refresh_token";
-const QString address = u"grace@example.org"_s;
-const QString secret = u"JBSWY3DPEHPK3PXPJBSWY3DPEHPK3PXP"_s;
 
 QByteArray contentOf(const QString &path)
 {
@@ -46,7 +40,7 @@ qint64 parentOf(const QString &process)
 class tst_SecretsJourney : public QObject {
     Q_OBJECT
 
-    std::unique_ptr<StandIn> m_service;
+    std::unique_ptr<JourneyWorld> m_world;
     QStringList m_canaries;
 
     static QString home() { return QDir::homePath(); }
@@ -54,8 +48,7 @@ class tst_SecretsJourney : public QObject {
 
     std::unique_ptr<Studio> starts() const
     {
-        auto environment = QProcessEnvironment::systemEnvironment();
-        environment.insert(u"QUILLMERE_SERVICE"_s, m_service->origin());
+        QProcessEnvironment environment = m_world->environment();
         environment.insert(u"TMPDIR"_s, home());
         // In place of the shell, with its errors in a file below the folder that is searched.
         return std::make_unique<Studio>(u"/bin/sh"_s,
@@ -148,17 +141,14 @@ class tst_SecretsJourney : public QObject {
 private slots:
     void init()
     {
-        QVERIFY(desktop::setBrowser(QStringLiteral(BROWSER), desktop::dataFolder(), desktop::configFolder()));
-        QVERIFY(keyring::clears(accessTokenEntry) && keyring::clears(refreshTokenEntry));
-        m_service = std::make_unique<StandIn>();
-        m_service->hasAccount(address, secret);
-        QVERIFY(m_service->listen());
+        m_world = std::make_unique<JourneyWorld>(QStringLiteral(BROWSER));
+        QVERIFY(m_world->stands());
     }
 
     void cleanup()
     {
-        QCOMPARE(m_service->unexpectedRequests(), QStringList());
-        m_service.reset();
+        QCOMPARE(m_world->service.unexpectedRequests(), QStringList());
+        m_world.reset();
     }
 
     void aSignInLeavesItsTokensInTheKeyringAndNowhereElse()
