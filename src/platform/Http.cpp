@@ -23,7 +23,7 @@ namespace {
 
 constexpr int mostRedirections = 10;
 
-struct Texts {
+struct HttpTexts {
     Q_DECLARE_TR_FUNCTIONS(Http)
 };
 
@@ -186,12 +186,12 @@ private:
         }
         // Of the interim replies (RFC 9110, section 15.2) the library passes over 100 alone, and takes the others for the reply.
         if (status < 200) {
-            return transportFailure(Texts::tr("The reply could not be read."));
+            return transportFailure(HttpTexts::tr("The reply could not be read."));
         }
         // A chunk length that cannot be read leaves no other trace in this library than a body that is not there.
         const bool chunked = m_reply->rawHeader("Transfer-Encoding").toLower().contains("chunked");
         if (chunked && m_received.isEmpty() && status >= 200 && status < 300) {
-            return transportFailure(Texts::tr("The reply's body could not be read."));
+            return transportFailure(HttpTexts::tr("The reply's body could not be read."));
         }
         return HttpResponse{status, std::move(m_received)};
     }
@@ -200,7 +200,7 @@ private:
     {
         m_silence = clock().schedule(m_lastByte + silenceLimit - clock().uptime(), [this] {
             if (clock().uptime() - m_lastByte >= silenceLimit) {
-                cancel(Texts::tr("The request timed out."));
+                cancel(HttpTexts::tr("The request timed out."));
             } else {
                 watchSilence();
             }
@@ -211,11 +211,11 @@ private:
     {
         m_lastByte = clock().uptime();
         if (m_deadline == 0) {
-            m_deadline = clock().schedule(replyLimit, [this] { cancel(Texts::tr("The reply took too long.")); });
+            m_deadline = clock().schedule(replyLimit, [this] { cancel(HttpTexts::tr("The reply took too long.")); });
         }
         m_received += m_reply->readAll();
         if (m_received.size() > sizeLimit) {
-            cancel(Texts::tr("The reply is too large."));
+            cancel(HttpTexts::tr("The reply is too large."));
         }
     }
 
@@ -223,7 +223,7 @@ private:
     {
         m_received += m_reply->readAll();
         if (m_received.size() > sizeLimit) {
-            m_failure = Texts::tr("The reply is too large.");
+            m_failure = HttpTexts::tr("The reply is too large.");
         }
         end();
     }
@@ -256,7 +256,7 @@ HttpSession::~HttpSession()
 {
     // Who hears of it may ask for something else, which ends the same way.
     while (!m_underWay.empty()) {
-        (*m_underWay.begin())->cancel(Texts::tr("The program is ending."));
+        (*m_underWay.begin())->cancel(HttpTexts::tr("The program is ending."));
     }
 }
 

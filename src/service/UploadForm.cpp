@@ -6,7 +6,7 @@ namespace quillmere {
 
 namespace {
 
-struct Texts {
+struct UploadTexts {
     Q_DECLARE_TR_FUNCTIONS(UploadForm)
 };
 
@@ -15,7 +15,7 @@ struct Texts {
 Result<UploadForm> UploadForm::make(const QString &filename, QByteArray fileData, const QByteArray &boundary)
 {
     if (filename.contains(u'\r') || filename.contains(u'\n') || filename.contains(u'\0')) {
-        return Failure(Failure::Kind::Encoding, Texts::tr("Invalid file name"));
+        return Failure(Failure::Kind::Encoding, UploadTexts::tr("Invalid file name"));
     }
     return UploadForm{"multipart/form-data; boundary=" + boundary,
         {
