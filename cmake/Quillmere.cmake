@@ -107,6 +107,7 @@ function(quillmere_test name)
             QT_QPA_PLATFORM=offscreen QT_QUICK_BACKEND=software DBUS_SESSION_BUS_ADDRESS=unix:path=/nonexistent)
     endif()
     if(QUILLMERE_SANITIZE)
+        math(EXPR arg_TIMEOUT "${arg_TIMEOUT} * 5")
         # Qt's libraries have no frame pointers, and the known leaks are told by what stands deep in the stack.
         list(APPEND environment ASAN_OPTIONS=fast_unwind_on_malloc=0
             LSAN_OPTIONS=print_suppressions=0:suppressions=${PROJECT_SOURCE_DIR}/tests/support/known-leaks
