@@ -87,8 +87,8 @@ void tst_Looks::looksAsItDid_data()
     QTest::addColumn<QStringList>("look");
 
     QTest::newRow("bordered button") << u"BorderedButton { text: \"Add\" }"_s
-                                     << QStringList{u"0 0, 49 26: #1fffffff round 6"_s,
-                                            u"12 5: Add Inter 13 400 #d9ffffff"_s};
+                                     << QStringList{
+                                            u"0 0, 49 26: #1fffffff round 6"_s, u"12 5: Add Inter 13 400 #d9ffffff"_s};
     QTest::newRow("prominent button") << u"ProminentButton { text: \"Add\" }"_s
                                       << QStringList{
                                              u"0 0, 49 26: #0a84ff round 6"_s, u"12 5: Add Inter 13 400 #ffffff"_s};
@@ -110,8 +110,8 @@ void tst_Looks::looksAsItDid_data()
                                         u"75 16: symbol Quillmere Symbols 17 400 #000000"_s,
                                         u"100 17: Add Inter 13 500 #000000"_s};
     QTest::newRow("busy button") << u"PrimaryButton { text: \"Add\"; busy: true; busyText: \"Adding...\" }"_s
-                                 << QStringList{u"0 0, 113 32: #ffffff round 6"_s,
-                                        u"40 8: Adding... Inter 13 500 #000000"_s};
+                                 << QStringList{
+                                        u"0 0, 113 32: #ffffff round 6"_s, u"40 8: Adding... Inter 13 500 #000000"_s};
     QTest::newRow("disabled button") << u"PrimaryButton { text: \"Add\"; enabled: false }"_s
                                      << QStringList{u"0 0, 58 32: #ffffff round 6 at 0.5"_s,
                                             u"16 8: Add Inter 13 500 #000000 at 0.5"_s};
@@ -133,9 +133,8 @@ void tst_Looks::looksAsItDid_data()
                                    << QStringList{
                                           u"0 0, 47 31: #3b82f6 round 6"_s, u"16 8: All Inter 12 500 #ffffff"_s};
     QTest::newRow("row of pills") << u"PillRow { Pill { text: \"A\"; width: 50 } Pill { text: \"B\"; width: 50 } }"_s
-                                  << QStringList{u"0 0, 50 31: #121214 round 6"_s,
-                                         u"21 8: A Inter 12 500 #ffffff"_s, u"58 0, 50 31: #121214 round 6"_s,
-                                         u"79 8: B Inter 12 500 #ffffff"_s};
+                                  << QStringList{u"0 0, 50 31: #121214 round 6"_s, u"21 8: A Inter 12 500 #ffffff"_s,
+                                         u"58 0, 50 31: #121214 round 6"_s, u"79 8: B Inter 12 500 #ffffff"_s};
     QTest::newRow("plain field") << u"PlainField { label: \"A\"; width: 100; placeholderText: \"Name\" }"_s
                                  << QStringList{u"0 0: Name Inter 14 400 #71717a"_s};
     QTest::newRow("filled field")
@@ -232,10 +231,10 @@ void tst_Looks::looksAsItDid_data()
                u"513 212, 25 25: #00000000 round 6"_s, u"517 216: symbol Quillmere Symbols 17 400 #a1a1aa"_s};
     QTest::newRow("alert")
         << u"AlertPanel { visible: root.shows; title: \"Sure?\"; text: \"It goes.\"; buttons: [\"Yes\", \"No\"] }"_s
-        << QStringList{u"0 0, 800 600: #8c000000"_s, u"190 226.5, 420 147: #2a2a2d round 12 edge 1 #1affffff"_s,
-               u"214 250.5: Sure? Inter 15 600 #ffffff"_s, u"214 277.5: It goes. Inter 13 400 #a1a1aa"_s,
-               u"531 317.5, 55 32: #0a84ff round 6"_s, u"547 325.5: Yes Inter 13 500 #ffffff"_s,
-               u"473 317.6, 50 31.7: #1fffffff round 6"_s, u"489 326: No Inter 13 500 #ffffff"_s};
+        << QStringList{u"0 0, 800 600: #8c000000"_s, u"190 226, 420 148: #2a2a2d round 12 edge 1 #1affffff"_s,
+               u"214 250: Sure? Inter 15 600 #ffffff"_s, u"214 277: It goes. Inter 13 400 #a1a1aa"_s,
+               u"531 317, 55 32: #0a84ff round 6"_s, u"547 325: Yes Inter 13 500 #ffffff"_s,
+               u"473 317, 50 32: #1fffffff round 6"_s, u"489 325: No Inter 13 500 #ffffff"_s};
     QTest::newRow("adaptive grid")
         << u"AdaptiveGrid { width: 310; minimumCellWidth: 90; spacing: 10; Repeater { model: 4; Card { width: parent.cellWidth; height: 20 } } }"_s
         << QStringList{u"0 0, 96 20: #121214 round 12 edge 1 #27272a"_s,

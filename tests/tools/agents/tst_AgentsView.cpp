@@ -8,7 +8,6 @@
 #include <QGuiApplication>
 #include <QTest>
 
-
 using namespace Qt::StringLiterals;
 using namespace quillmere::testing;
 
