@@ -86,11 +86,15 @@ private:
         FakeClock &clock = scene.world.clock;
         const auto ends = [&] { return happens([&] { return call.hasEnded(); }); };
         const auto isUnderWay = [&] { return happens([&] { return scene.begun + scene.strangersCallers > 0; }); };
+        const auto isThere = [&] {
+            return happens([&] { return !scene.world.service.requests().isEmpty() || scene.strangersCallers > 0; });
+        };
         switch (wait) {
         case Fault::Wait::No:
             return happens([&] { return call.hasEnded(); }, 20s);
         case Fault::Wait::AMinute:
-            if (!isUnderWay()) {
+            // Each byte of the request begins the minute anew.
+            if (!isUnderWay() || !isThere()) {
                 return false;
             }
             settle();
