@@ -112,7 +112,7 @@ function(quillmere_test name)
         list(APPEND environment ASAN_OPTIONS=fast_unwind_on_malloc=0
             LSAN_OPTIONS=print_suppressions=0:suppressions=${PROJECT_SOURCE_DIR}/tests/support/known-leaks
             # Qt is not instrumented: what it does to memory that two threads use is out of the sanitizer's sight.
-            TSAN_OPTIONS=ignore_noninstrumented_modules=1:suppressions=${PROJECT_SOURCE_DIR}/tests/support/known-races)
+            TSAN_OPTIONS=ignore_noninstrumented_modules=1:die_after_fork=0:allocator_may_return_null=1)
     endif()
     set_tests_properties(${name} PROPERTIES
         TIMEOUT ${arg_TIMEOUT} LABELS "${arg_LABELS}" ENVIRONMENT "${environment}")
