@@ -60,7 +60,8 @@ std::vector<Span> stroked(const std::vector<Span> &spans, double radius)
         }
         const double rise = std::sqrt(radius * radius - distance * distance);
         for (int slice = std::max(0, -aside); slice < std::min(count, count + 1 - aside); ++slice) {
-            const Span &touched = spans[size_t(slice + aside)];
+            const int beside = slice + aside;
+            const Span &touched = spans[size_t(beside)];
             stroke[size_t(slice)].include(touched.top - rise, touched.bottom + rise);
         }
     }
