@@ -412,4 +412,22 @@ bool Tour::selectsNode(int index)
     return selects(SidebarItem::Agents) && clicks(u"NodeView"_s, index) && shows(u"InspectorView"_s);
 }
 
+QRectF visiblePart(const QQuickItem *item, QRectF part)
+{
+    for (const QQuickItem *outer = item->parentItem(); outer; outer = outer->parentItem()) {
+        if (outer->clip()) {
+            part &= placeOf(outer);
+        }
+    }
+    return part;
+}
+
+bool isWithin(const QQuickItem *item, const QQuickItem *whole)
+{
+    while (item && item != whole) {
+        item = item->parentItem();
+    }
+    return item != nullptr;
+}
+
 } // namespace quillmere::testing

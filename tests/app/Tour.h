@@ -61,4 +61,8 @@ private:
     std::unique_ptr<Window> m_eyes;
 };
 
+// What an item shows of a part of itself: not what lies outside of the regions that clip it.
+QRectF visiblePart(const QQuickItem *item, QRectF part);
+bool isWithin(const QQuickItem *item, const QQuickItem *whole);
+
 } // namespace quillmere::testing

@@ -85,25 +85,6 @@ bool scrolls(const QQuickItem *item)
     return item->inherits("QQuickFlickable") && item->property("contentHeight").toDouble() > item->height();
 }
 
-// What an item shows of a part of itself: not what lies outside of the regions that clip it.
-QRectF visiblePart(const QQuickItem *item, QRectF part)
-{
-    for (const QQuickItem *outer = item->parentItem(); outer; outer = outer->parentItem()) {
-        if (outer->clip()) {
-            part &= placeOf(outer);
-        }
-    }
-    return part;
-}
-
-bool isWithin(const QQuickItem *item, const QQuickItem *whole)
-{
-    while (item && item != whole) {
-        item = item->parentItem();
-    }
-    return item != nullptr;
-}
-
 } // namespace
 
 // There is room for every text, in the smallest window and in larger ones, in longer languages and in those from right to left, at the

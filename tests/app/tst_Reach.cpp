@@ -27,26 +27,6 @@ QString wordsFor(QQuickItem *item)
         .arg(placeOf(item).y());
 }
 
-// What an item shows of itself: not what lies outside of the regions that clip it.
-QRectF visiblePart(const QQuickItem *item)
-{
-    QRectF part = placeOf(item);
-    for (const QQuickItem *outer = item->parentItem(); outer; outer = outer->parentItem()) {
-        if (outer->clip()) {
-            part &= placeOf(outer);
-        }
-    }
-    return part;
-}
-
-bool isWithin(const QQuickItem *item, const QQuickItem *whole)
-{
-    while (item && item != whole) {
-        item = item->parentItem();
-    }
-    return item != nullptr;
-}
-
 bool takesPresses(const QQuickItem *item)
 {
     const QObjectList &parts = item->children();
@@ -416,7 +396,7 @@ private:
         for (const QQuickItem *ring : m_tour->eyes().all(u"FocusRing"_s)) {
             const QRectF whole = placeOf(ring);
             // But for what is larger than its region.
-            if (visiblePart(ring) != whole && whole.height() < m_tour->window()->height() / 2.0) {
+            if (visiblePart(ring, whole) != whole && whole.height() < m_tour->window()->height() / 2.0) {
                 complaints.append(u"cut off: "_s + wordsFor(stop));
             }
         }
