@@ -25,8 +25,9 @@ Connection::Connection(QTcpSocket *socket, Service &service, QObject *parent)
     connect(socket, &QTcpSocket::bytesWritten, this, &Connection::pump);
     connect(socket, &QTcpSocket::disconnected, this, [this] {
         m_delivery.reset();
-        if (m_exchange)
+        if (m_exchange) {
             m_service.brokeOff(*m_exchange);
+        }
         m_exchange.reset();
         emit closed();
     });
@@ -38,15 +39,18 @@ void Connection::read()
 {
     // A request that comes while another is being answered waits in the socket.
     while (!m_delivery && !m_readsNoMore) {
-        if (m_socket->bytesAvailable() > 0)
+        if (m_socket->bytesAvailable() > 0) {
             m_buffer += m_socket->readAll();
+        }
         const qsizetype before = m_buffer.size();
-        if (!m_exchange)
+        if (!m_exchange) {
             readHead();
-        else
+        } else {
             readBody();
-        if (m_buffer.size() == before)
+        }
+        if (m_buffer.size() == before) {
             return;
+        }
     }
 }
 
@@ -54,14 +58,16 @@ void Connection::readHead()
 {
     const qsizetype end = m_buffer.indexOf("\r\n\r\n");
     if (end < 0) {
-        if (m_buffer.size() > LongestHead)
+        if (m_buffer.size() > LongestHead) {
             refuse(431, u"header too large"_s);
+        }
         return;
     }
     QString why;
     const std::optional<Request> request = standin::readHead(m_buffer.left(end), why);
-    if (request && why.isEmpty())
+    if (request && why.isEmpty()) {
         why = BodyReader::refusal(*request);
+    }
     if (!why.isEmpty()) {
         refuse(400, why);
         return;
@@ -82,17 +88,20 @@ void Connection::readBody()
         const QByteArray content = m_body->take(m_buffer);
         request.bodySize += content.size();
         request.body += content.left(std::max<qint64>(0, m_exchange->keptBody - request.body.size()));
-        if (m_exchange->form)
+        if (m_exchange->form) {
             m_exchange->form->feed(content);
-        if (m_buffer.size() == before)
+        }
+        if (m_buffer.size() == before) {
             break;
+        }
     }
 
     const std::optional<Fault> &fault = m_exchange->fault;
     if (fault && fault->readsOnly >= 0 && request.bodySize >= fault->readsOnly) {
         m_readsNoMore = true;
-        if (fault->cutsWhenRead)
+        if (fault->cutsWhenRead) {
             m_socket->abort();
+        }
     } else if (m_body->isBroken()) {
         refuse(400, u"malformed chunk"_s);
     } else if (request.bodySize > m_exchange->largestBody) {
@@ -106,8 +115,9 @@ void Connection::readBody()
 void Connection::refuse(int status, const QString &why)
 {
     m_service.malformed(why);
-    if (m_exchange)
+    if (m_exchange) {
         m_service.brokeOff(*m_exchange);
+    }
     m_exchange.reset();
     m_readsNoMore = true;
     deliver(Delivery::of(Reply::detail(status, why), true));
@@ -123,15 +133,17 @@ void Connection::deliver(const Delivery &delivery)
 
 void Connection::release()
 {
-    if (m_delivery)
+    if (m_delivery) {
         m_delivery->holdAt = -1;
+    }
     pump();
 }
 
 bool Connection::drip()
 {
-    if (!m_delivery || m_delivery->step == 0)
+    if (!m_delivery || m_delivery->step == 0) {
         return false;
+    }
     m_dripped += m_delivery->step;
     pump();
     return true;
@@ -140,15 +152,19 @@ bool Connection::drip()
 void Connection::pump()
 {
     while (m_delivery && m_socket->bytesToWrite() < UnsentBytes) {
-        if (m_sent == m_delivery->fillerAt && sendFiller())
+        if (m_sent == m_delivery->fillerAt && sendFiller()) {
             continue;
+        }
         qsizetype limit = m_delivery->bytes.size();
-        if (m_delivery->filler != 0)
+        if (m_delivery->filler != 0) {
             limit = std::min(limit, m_delivery->fillerAt);
-        if (m_delivery->holdAt >= 0)
+        }
+        if (m_delivery->holdAt >= 0) {
             limit = std::min(limit, m_delivery->holdAt);
-        if (m_delivery->step > 0)
+        }
+        if (m_delivery->step > 0) {
             limit = std::min(limit, m_dripped);
+        }
         if (m_sent < limit) {
             m_socket->write(m_delivery->bytes.sliced(m_sent, limit - m_sent));
             m_sent = limit;
@@ -168,8 +184,9 @@ bool Connection::sendFiller()
         return true;
     }
     const qint64 size = std::min<qint64>(m_delivery->filler, block.size());
-    if (size > 0)
+    if (size > 0) {
         m_socket->write(block.left(qsizetype(size)));
+    }
     m_delivery->filler -= size;
     return size > 0;
 }

@@ -13,29 +13,29 @@ class QTcpSocket;
 
 namespace standin {
 
-/// A request on its way in, with what the service decided when it saw the head.
+// A request on its way in, with what the service decided when it saw the head.
 struct Exchange {
     Request request;
-    std::optional<MultipartReader> form; ///< reads the body if set
+    std::optional<MultipartReader> form; //< reads the body if set
     std::optional<Fault> fault;
-    qint64 largestBody = 0; ///< bytes; a larger one is answered with 413
-    qint64 keptBody = 0;    ///< bytes of the body that stay in the request
+    qint64 largestBody = 0; //< bytes; a larger one is answered with 413
+    qint64 keptBody = 0;    //< bytes of the body that stay in the request
 };
 
-/// What a connection asks of the service.
+// What a connection asks of the service.
 class Service {
 public:
     virtual ~Service() = default;
 
     virtual void begins(Exchange &exchange) = 0;
     virtual Delivery answer(Exchange &exchange) = 0;
-    /// The connection ended, or was ended, amid the body.
+    // The connection ended, or was ended, amid the body.
     virtual void brokeOff(Exchange &exchange) = 0;
     virtual void malformed(const QString &what) = 0;
     virtual void sent() = 0;
 };
 
-/// One client's connection: requests in, one at a time, and replies out at the pace that their delivery tells.
+// One client's connection: requests in, one at a time, and replies out at the pace that their delivery tells.
 class Connection : public QObject {
     Q_OBJECT
 
@@ -43,7 +43,7 @@ public:
     Connection(QTcpSocket *socket, Service &service, QObject *parent);
 
     void release();
-    /// True when the delivery drips and had bytes left.
+    // True when the delivery drips and had bytes left.
     bool drip();
 
 signals:

@@ -26,14 +26,16 @@ QJsonValue bentValue(const QJsonValue &value, const std::function<void(QJsonObje
     if (value.isArray()) {
         QJsonArray array;
         const QJsonArray items = value.toArray();
-        for (const auto &item : items)
+        for (const auto &item : items) {
             array.append(bentValue(item, bend));
+        }
         return array;
     }
     if (value.isObject()) {
         QJsonObject object = value.toObject();
-        for (auto field : object)
+        for (auto field : object) {
             field = bentValue(field, bend);
+        }
         bend(object);
         return object;
     }
@@ -63,20 +65,24 @@ std::optional<Fault> FaultBook::take(const Request &request)
 {
     qsizetype best = -1;
     for (qsizetype i = 0; i < m_orders.size(); ++i) {
-        if (!covers(m_orders[i].route, request))
+        if (!covers(m_orders[i].route, request)) {
             continue;
+        }
         const bool counted = m_orders[i].fault.times != StandIn::Always;
         const bool longer = best < 0 || m_orders[i].route.size() > m_orders[best].route.size();
         const bool sameButSooner = best >= 0 && m_orders[i].route == m_orders[best].route && counted
             && m_orders[best].fault.times == StandIn::Always;
-        if (longer || sameButSooner)
+        if (longer || sameButSooner) {
             best = i;
+        }
     }
-    if (best < 0)
+    if (best < 0) {
         return {};
+    }
     const Fault fault = m_orders[best].fault;
-    if (fault.times != StandIn::Always && --m_orders[best].fault.times == 0)
+    if (fault.times != StandIn::Always && --m_orders[best].fault.times == 0) {
         m_orders.removeAt(best);
+    }
     return fault;
 }
 
@@ -84,10 +90,11 @@ Reply withObjects(const Reply &reply, const std::function<void(QJsonObject &)> &
 {
     const QJsonDocument document = QJsonDocument::fromJson(reply.body);
     Reply bent = reply;
-    if (document.isArray())
+    if (document.isArray()) {
         bent.body = QJsonDocument(bentValue(document.array(), bend).toArray()).toJson(QJsonDocument::Compact);
-    else if (document.isObject())
+    } else if (document.isObject()) {
         bent.body = QJsonDocument(bentValue(document.object(), bend).toObject()).toJson(QJsonDocument::Compact);
+    }
     return bent;
 }
 
@@ -97,10 +104,12 @@ QString orderFromJson(StandIn &service, const QByteArray &json)
     const auto number = [&](const QString &key) { return order[key].toInteger(); };
     const auto bytes = [&](const QString &key) {
         const QJsonValue value = order[key];
-        if (value.isObject())
+        if (value.isObject()) {
             return QJsonDocument(value.toObject()).toJson(QJsonDocument::Compact);
-        if (value.isArray())
+        }
+        if (value.isArray()) {
             return QJsonDocument(value.toArray()).toJson(QJsonDocument::Compact);
+        }
         return value.toString().toUtf8();
     };
     using Verb = std::function<void(const StandIn::Route &)>;
@@ -137,16 +146,21 @@ QString orderFromJson(StandIn &service, const QByteArray &json)
 
     const QByteArray route = bytes(u"route"_s);
     const QString kind = order[u"kind"_s].toString();
-    if (!route.contains(" /"))
+    if (!route.contains(" /")) {
         return u"route must be a method and a path, such as \"GET /v1/models\""_s;
-    if (!verbs.contains(kind))
+    }
+    if (!verbs.contains(kind)) {
         return u"unknown kind of fault: "_s + kind;
-    if ((kind == u"answers" || kind == u"redirects") && (number(u"status"_s) < 200 || number(u"status"_s) > 599))
+    }
+    if ((kind == u"answers" || kind == u"redirects") && (number(u"status"_s) < 200 || number(u"status"_s) > 599)) {
         return u"status must be a number from 200 to 599"_s;
-    if ((kind == u"drips" || kind == u"drips_raw") && number(u"bytes"_s) < 1)
+    }
+    if ((kind == u"drips" || kind == u"drips_raw") && number(u"bytes"_s) < 1) {
         return u"bytes must be a number above 0"_s;
-    if (kind == u"repeats_raw" && bytes(u"block"_s).isEmpty())
+    }
+    if (kind == u"repeats_raw" && bytes(u"block"_s).isEmpty()) {
         return u"block must not be empty"_s;
+    }
     verbs[kind](service.on(route, int(order[u"times"_s].toInteger(StandIn::Always))));
     return {};
 }
@@ -319,8 +333,9 @@ void StandIn::Route::sendsWrongType(const QByteArray &name) const
 {
     order({.bend = [key = QString::fromUtf8(name)](const Reply &reply) {
         return Delivery::of(withObjects(reply, [key](QJsonObject &object) {
-            if (object.contains(key))
+            if (object.contains(key)) {
                 object[key] = object[key].isString() ? QJsonValue(5) : QJsonValue(u"wrong"_s);
+            }
         }));
     }});
 }
@@ -329,8 +344,9 @@ void StandIn::Route::sendsField(const QByteArray &name, const QJsonValue &value)
 {
     order({.bend = [key = QString::fromUtf8(name), value](const Reply &reply) {
         return Delivery::of(withObjects(reply, [key, value](QJsonObject &object) {
-            if (object.contains(key))
+            if (object.contains(key)) {
                 object[key] = value;
+            }
         }));
     }});
 }

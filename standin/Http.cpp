@@ -51,7 +51,7 @@ QByteArray reasonPhrase(int status)
     }
 }
 
-/// A token in the sense of RFC 9110, 5.6.2: what methods and header names consist of.
+// A token in the sense of RFC 9110, 5.6.2: what methods and header names consist of.
 bool isToken(const QByteArray &text)
 {
     return !text.isEmpty() && std::all_of(text.begin(), text.end(), [](char c) {
@@ -80,12 +80,14 @@ QByteArray StandIn::Request::path() const
 QByteArray StandIn::Request::query(const QByteArray &name) const
 {
     const qsizetype mark = target.indexOf('?');
-    if (mark < 0)
+    if (mark < 0) {
         return {};
+    }
     const QList<QByteArray> pairs = target.mid(mark + 1).split('&');
     for (const QByteArray &pair : pairs) {
-        if (pair.startsWith(name + '='))
+        if (pair.startsWith(name + '=')) {
             return pair.mid(name.size() + 1);
+        }
     }
     return {};
 }
@@ -118,17 +120,20 @@ Reply Reply::error(int status, const QString &text)
 QByteArray headOf(const Reply &reply, std::optional<qint64> contentLength, bool closes)
 {
     QByteArray head = "HTTP/1.1 " + QByteArray::number(reply.status) + ' ' + reasonPhrase(reply.status) + "\r\n";
-    if (!contentLength || *contentLength > 0)
+    if (!contentLength || *contentLength > 0) {
         head += "Content-Type: " + reply.contentType + "\r\n";
+    }
     // RFC 9110, 8.6: a 204 or 304 has no content and tells no length.
     if (reply.status != 204 && reply.status != 304) {
         head += contentLength ? "Content-Length: " + QByteArray::number(*contentLength) + "\r\n"
                               : QByteArray("Transfer-Encoding: chunked\r\n");
     }
-    for (const auto &[name, value] : reply.headers)
+    for (const auto &[name, value] : reply.headers) {
         head += name + ": " + value + "\r\n";
-    if (closes)
+    }
+    if (closes) {
         head += "Connection: close\r\n";
+    }
     return head + "\r\n";
 }
 
@@ -137,8 +142,9 @@ std::optional<Request> readHead(const QByteArray &head, QString &why)
     QList<QByteArray> lines;
     for (qsizetype from = 0; from <= head.size();) {
         qsizetype end = head.indexOf("\r\n", from);
-        if (end < 0)
+        if (end < 0) {
             end = head.size();
+        }
         lines += head.mid(from, end - from);
         from = end + 2;
     }
@@ -160,8 +166,9 @@ std::optional<Request> readHead(const QByteArray &head, QString &why)
         }
         // Only the one blank after the colon goes, so that a value that ends in a blank is seen as it was sent.
         QByteArray value = line.mid(colon + 1);
-        if (value.startsWith(' '))
+        if (value.startsWith(' ')) {
             value.remove(0, 1);
+        }
         request.headers.append({line.left(colon), value});
     }
     if (words[2] == "HTTP/1.1" && !request.hasHeader("Host")) {
@@ -175,17 +182,20 @@ QString BodyReader::refusal(const Request &request)
 {
     const bool hasLength = request.hasHeader("Content-Length");
     if (request.hasHeader("Transfer-Encoding")) {
-        if (hasLength)
+        if (hasLength) {
             return u"both Content-Length and Transfer-Encoding"_s;
-        if (request.header("Transfer-Encoding").trimmed().toLower() != "chunked")
+        }
+        if (request.header("Transfer-Encoding").trimmed().toLower() != "chunked") {
             return u"unknown Transfer-Encoding"_s;
+        }
     }
     if (hasLength) {
         bool fits = false;
         const QByteArray length = request.header("Content-Length").trimmed();
         length.toLongLong(&fits);
-        if (!fits || !isDecimal(length))
+        if (!fits || !isDecimal(length)) {
             return u"Content-Length is no number"_s;
+        }
     }
     return {};
 }
@@ -211,35 +221,41 @@ QByteArray BodyReader::take(QByteArray &buffer)
             content += buffer.left(size);
             buffer.remove(0, size);
             m_left -= size;
-            if (m_left == 0)
+            if (m_left == 0) {
                 m_state = m_state == State::Content ? State::End : State::ChunkEnd;
+            }
             break;
         }
         case State::ChunkLength: {
             const std::optional<QByteArray> line = takeLine(buffer);
-            if (!line)
+            if (!line) {
                 return content;
+            }
             bool isNumber = false;
             m_left = line->split(';').first().trimmed().toLongLong(&isNumber, 16);
-            if (!isNumber || m_left < 0)
+            if (!isNumber || m_left < 0) {
                 m_state = State::Broken;
-            else
+            } else {
                 m_state = m_left > 0 ? State::ChunkContent : State::Trailer;
+            }
             break;
         }
         case State::ChunkEnd: {
             const std::optional<QByteArray> line = takeLine(buffer);
-            if (!line)
+            if (!line) {
                 return content;
+            }
             m_state = line->isEmpty() ? State::ChunkLength : State::Broken;
             break;
         }
         case State::Trailer: {
             const std::optional<QByteArray> line = takeLine(buffer);
-            if (!line)
+            if (!line) {
                 return content;
-            if (line->isEmpty())
+            }
+            if (line->isEmpty()) {
                 m_state = State::End;
+            }
             break;
         }
         case State::End:
@@ -254,8 +270,9 @@ std::optional<QByteArray> BodyReader::takeLine(QByteArray &buffer)
 {
     const qsizetype end = buffer.indexOf("\r\n");
     if (end < 0) {
-        if (buffer.size() > LongestChunkLine)
+        if (buffer.size() > LongestChunkLine) {
             m_state = State::Broken;
+        }
         return {};
     }
     const QByteArray line = buffer.left(end);

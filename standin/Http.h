@@ -4,7 +4,7 @@
 
 #include <optional>
 
-/// HTTP/1.1 (RFC 9112) as far as the service needs it.
+// HTTP/1.1 (RFC 9112) as far as the service needs it.
 namespace standin {
 
 using Request = StandIn::Request;
@@ -19,30 +19,30 @@ struct Reply {
     Headers headers;
 
     static Reply json(int status, const QByteArray &body) { return {status, "application/json", body, {}}; }
-    /// {"detail": ...}, the form of failures below /v1.
+    // {"detail": ...}, the form of failures below /v1.
     static Reply detail(int status, const QString &text);
-    /// {"error": ...}, the form of failures of the sign-in.
+    // {"error": ...}, the form of failures of the sign-in.
     static Reply error(int status, const QString &text);
 };
 
-/// Status line and header fields up to the empty line. A body without length is sent in chunks. `closes` announces that
-/// the connection ends after the reply.
+// Status line and header fields up to the empty line. A body without length is sent in chunks. `closes` announces that
+// the connection ends after the reply.
 QByteArray headOf(const Reply &reply, std::optional<qint64> contentLength, bool closes);
 
-/// Reads request line and header fields; the empty line is not part of `head`. Nothing when they are malformed, with the
-/// reason in `why`.
+// Reads request line and header fields; the empty line is not part of `head`. Nothing when they are malformed, with the
+// reason in `why`.
 std::optional<Request> readHead(const QByteArray &head, QString &why);
 
-/// Takes the body of one request off a stream, by length or by chunks.
+// Takes the body of one request off a stream, by length or by chunks.
 class BodyReader {
 public:
-    /// Why a head's framing fields cannot be followed; empty when they can.
+    // Why a head's framing fields cannot be followed; empty when they can.
     static QString refusal(const Request &request);
 
     explicit BodyReader(const Request &request);
 
-    /// Removes from `buffer` what belongs to the body and returns the content in it. Call it until the buffer is left
-    /// unchanged.
+    // Removes from `buffer` what belongs to the body and returns the content in it. Call it until the buffer is left
+    // unchanged.
     QByteArray take(QByteArray &buffer);
     bool atEnd() const { return m_state == State::End; }
     bool isBroken() const { return m_state == State::Broken; }

@@ -20,29 +20,36 @@ MultipartReader::MultipartReader(const QByteArray &contentType)
     m_boundary = contentType.startsWith(start) ? contentType.mid(start.size()) : QByteArray();
     // RFC 2046, 5.1.1 allows 70 characters; quotes and further parameters are not part of our form.
     if (m_boundary.isEmpty() || m_boundary.size() > 70 || m_boundary.contains(' ') || m_boundary.contains('"')
-        || m_boundary.contains(';'))
+        || m_boundary.contains(';')) {
         fail(u"Content-Type must be multipart/form-data; boundary=BOUNDARY"_s);
+    }
 }
 
 void MultipartReader::feed(const QByteArray &bytes)
 {
-    if (m_state == State::Broken)
+    if (m_state == State::Broken) {
         return;
+    }
     m_buffer += bytes;
-    if (m_state == State::Frame)
+    if (m_state == State::Frame) {
         readFrame();
-    if (m_state == State::Content)
+    }
+    if (m_state == State::Content) {
         readContent();
-    if (m_state == State::Closed && !m_buffer.isEmpty() && !QByteArray("--\r\n").startsWith(m_buffer))
+    }
+    if (m_state == State::Closed && !m_buffer.isEmpty() && !QByteArray("--\r\n").startsWith(m_buffer)) {
         fail(u"there must be one part, and nothing after the closing delimiter"_s);
+    }
 }
 
 QString MultipartReader::failure() const
 {
-    if (m_state == State::Broken)
+    if (m_state == State::Broken) {
         return m_failure;
-    if (m_state != State::Closed || m_buffer != "--\r\n")
+    }
+    if (m_state != State::Closed || m_buffer != "--\r\n") {
         return u"the body ends before its closing delimiter does"_s;
+    }
     return {};
 }
 
@@ -57,8 +64,9 @@ void MultipartReader::readFrame()
 {
     const qsizetype end = m_buffer.indexOf("\r\n\r\n");
     if (end < 0) {
-        if (m_buffer.size() > LongestFrame)
+        if (m_buffer.size() > LongestFrame) {
             fail(u"the part's header does not end"_s);
+        }
         return;
     }
     const QByteArray frame = m_buffer.left(end);

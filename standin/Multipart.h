@@ -6,28 +6,28 @@
 
 namespace standin {
 
-/// Reads an upload's body as it streams in and keeps its size, its SHA-256 and its first bytes, however large it is.
-///
-/// It is stricter than RFC 7578 on purpose. The one part must stand in exactly this frame, whose file name is taken
-/// verbatim, quotes and all:
-///
-///     --BOUNDARY CRLF
-///     Content-Disposition: form-data; name="file"; filename="FILENAME" CRLF
-///     Content-Type: application/octet-stream CRLF
-///     CRLF
-///     the file's bytes
-///     CRLF --BOUNDARY-- CRLF
+// Reads an upload's body as it streams in and keeps its size, its SHA-256 and its first bytes, however large it is.
+//
+// It is stricter than RFC 7578 on purpose. The one part must stand in exactly this frame, whose file name is taken
+// verbatim, quotes and all:
+//
+//     --BOUNDARY CRLF
+//     Content-Disposition: form-data; name="file"; filename="FILENAME" CRLF
+//     Content-Type: application/octet-stream CRLF
+//     CRLF
+//     the file's bytes
+//     CRLF --BOUNDARY-- CRLF
 class MultipartReader {
 public:
     static constexpr qsizetype KeptBytes = 64 * KiB;
 
-    /// Takes the boundary from the request's Content-Type.
+    // Takes the boundary from the request's Content-Type.
     explicit MultipartReader(const QByteArray &contentType);
 
     void feed(const QByteArray &bytes);
-    /// What is wrong with the body, now that all of it is there; empty when nothing is.
+    // What is wrong with the body, now that all of it is there; empty when nothing is.
     QString failure() const;
-    /// The file, apart from its workspace. Meaningful only without a failure.
+    // The file, apart from its workspace. Meaningful only without a failure.
     StandIn::Upload upload() const;
 
 private:

@@ -21,12 +21,13 @@ constexpr qsizetype SecretBytes = 20; // as many as SHA-1 gives, as RFC 4226 rec
 QByteArray randomBytes(qsizetype size)
 {
     QByteArray bytes(size, Qt::Uninitialized);
-    for (char &byte : bytes)
+    for (char &byte : bytes) {
         byte = char(QRandomGenerator::system()->bounded(256));
+    }
     return bytes;
 }
 
-/// Addresses are the same account whatever the case of their letters.
+// Addresses are the same account whatever the case of their letters.
 QString accountKey(const QString &email)
 {
     return email.toLower();
@@ -38,18 +39,20 @@ bool isKnownDomain(const QString &email)
     return email.contains(u'@') && Domains.contains(accountKey(email).section(u'@', -1));
 }
 
-/// The request's JSON object if it has exactly the keys told, otherwise what is wrong with it.
+// The request's JSON object if it has exactly the keys told, otherwise what is wrong with it.
 std::optional<QJsonObject> readBody(const Request &request, const QStringList &keys, QString &why)
 {
     const QJsonDocument document = QJsonDocument::fromJson(request.body);
-    if (request.header("Content-Type") != "application/json")
+    if (request.header("Content-Type") != "application/json") {
         why = u"Content-Type must be application/json"_s;
-    else if (!document.isObject())
+    } else if (!document.isObject()) {
         why = u"The body must be a JSON object"_s;
-    else if (document.object().keys() != keys)
+    } else if (document.object().keys() != keys) {
         why = u"The body must have exactly the keys "_s + keys.join(u", "_s);
-    if (!why.isEmpty())
+    }
+    if (!why.isEmpty()) {
         return {};
+    }
     return document.object();
 }
 
@@ -88,21 +91,25 @@ Reply SignIn::loginInit(const Request &request)
 {
     QString why;
     const std::optional<QJsonObject> body = readBody(request, {u"email"_s}, why);
-    if (body && !body->value(u"email"_s).isString())
+    if (body && !body->value(u"email"_s).isString()) {
         why = u"email must be a string"_s;
-    if (!why.isEmpty())
+    }
+    if (!why.isEmpty()) {
         return Reply::error(400, why);
+    }
 
     const QString email = body->value(u"email"_s).toString();
     const QString key = accountKey(email);
     if (!m_accounts.contains(key)) {
-        if (!isKnownDomain(email))
+        if (!isKnownDomain(email)) {
             return Reply::error(404, u"No account for this address"_s);
+        }
         m_accounts.insert(key, {randomBytes(SecretBytes), false});
     }
     const Account &account = m_accounts[key];
-    if (account.isSetUp)
+    if (account.isSetUp) {
         return Reply::json(200, R"({"mode":"login"})");
+    }
     return Reply::json(200,
         R"({"mode":"setup","qrCode":"data:image/png;base64,)" + qrCodePng(otpauthUrl(email, account.secret)).toBase64()
             + R"(","secret":")" + base32Encoded(account.secret).toLatin1() + R"("})");
@@ -112,19 +119,23 @@ Reply SignIn::checkCode(const Request &request, const QString &origin)
 {
     QString why;
     const std::optional<QJsonObject> body = readBody(request, {u"code"_s, u"email"_s, u"is_desktop"_s}, why);
-    if (body && !(body->value(u"email"_s).isString() && body->value(u"code"_s).isString()))
+    if (body && !(body->value(u"email"_s).isString() && body->value(u"code"_s).isString())) {
         why = u"email and code must be strings"_s;
-    else if (body && body->value(u"is_desktop"_s) != QJsonValue(true))
+    } else if (body && body->value(u"is_desktop"_s) != QJsonValue(true)) {
         why = u"is_desktop must be true"_s;
-    if (!why.isEmpty())
+    }
+    if (!why.isEmpty()) {
         return Reply::error(400, why);
+    }
 
     const QString key = accountKey(body->value(u"email"_s).toString());
-    if (!m_accounts.contains(key))
+    if (!m_accounts.contains(key)) {
         return Reply::error(404, u"No account for this address"_s);
+    }
     Account &account = m_accounts[key];
-    if (!totpAccepts(account.secret, body->value(u"code"_s).toString(), m_now()))
+    if (!totpAccepts(account.secret, body->value(u"code"_s).toString(), m_now())) {
         return Reply::error(401, u"Wrong code"_s);
+    }
     account.isSetUp = true;
     const QByteArray ticket = randomBytes(24).toHex();
     m_tickets.insert(ticket, {key, m_now().addSecs(TicketSeconds)});
@@ -134,8 +145,9 @@ Reply SignIn::checkCode(const Request &request, const QString &origin)
 Reply SignIn::page(const Request &request)
 {
     const Ticket ticket = m_tickets.take(request.query("ticket"));
-    if (ticket.email.isEmpty() || m_now() > ticket.expires)
+    if (ticket.email.isEmpty() || m_now() > ticket.expires) {
         return html(410, u"ticket-used.html"_s);
+    }
     return html(200, u"desktop-login.html"_s,
         "com.quillmere.studio://callback#access_token=" + tokenFor(ticket.email).toLatin1() + "&refresh_token=qm_rt_"
             + randomBytes(24).toHex());

@@ -34,7 +34,7 @@ bool isUpload(const StandIn::Request &request)
 } // namespace
 
 struct StandIn::Private : standin::Service {
-    /// What an operation is told beside the request: whose it is, and the identifier in the path.
+    // What an operation is told beside the request: whose it is, and the identifier in the path.
     struct Call {
         const Exchange &exchange;
         QString account;
@@ -78,20 +78,23 @@ struct StandIn::Private : standin::Service {
         exchange.fault = faults.take(request);
         exchange.largestBody = isUpload(request) ? LargestUpload : LargestBody;
         exchange.keptBody = isUpload(request) && !keepsWholeBodies ? KeptOfUpload : exchange.largestBody;
-        if (isUpload(request))
+        if (isUpload(request)) {
             exchange.form.emplace(request.header("Content-Type"));
+        }
         emit q->requestBegins(request.method, request.target);
     }
 
     Delivery answer(Exchange &exchange) override
     {
         Reply reply;
-        if (!exchange.fault || !exchange.fault->replaces)
+        if (!exchange.fault || !exchange.fault->replaces) {
             reply = replyTo(exchange);
+        }
         record(exchange.request);
         Delivery delivery = exchange.fault ? exchange.fault->bend(reply) : Delivery::of(reply);
-        if (exchange.request.header("Connection").trimmed().toLower() == "close")
+        if (exchange.request.header("Connection").trimmed().toLower() == "close") {
             delivery.then = Delivery::Then::Closes;
+        }
         return delivery;
     }
 
@@ -117,27 +120,31 @@ struct StandIn::Private : standin::Service {
     {
         const Request &request = exchange.request;
         const QString path = QString::fromUtf8(request.path());
-        if (takesFaultsOverHttp && path == u"/standin/faults")
+        if (takesFaultsOverHttp && path == u"/standin/faults") {
             return takeOrder(request);
+        }
 
         QByteArrayList allowed;
         for (const Operation &operation : std::as_const(operations)) {
             const QRegularExpressionMatch match = operation.path.match(path);
-            if (!match.hasMatch())
+            if (!match.hasMatch()) {
                 continue;
+            }
             if (operation.method != request.method) {
                 allowed.append(operation.method);
                 continue;
             }
             const QString account = signIn.accountOf(request);
-            if (operation.needsToken && account.isNull())
+            if (operation.needsToken && account.isNull()) {
                 return notAuthenticated();
+            }
             return operation.answer(
                 {exchange, account, QString::fromUtf8(QByteArray::fromPercentEncoding(match.captured(1).toUtf8()))});
         }
         unexpected.append(QString::fromUtf8(request.method + ' ' + request.target));
-        if (allowed.isEmpty())
+        if (allowed.isEmpty()) {
             return Reply::detail(404, u"Not Found"_s);
+        }
         Reply reply = Reply::detail(405, u"Method Not Allowed"_s);
         reply.headers = {{"Allow", allowed.join(", ")}};
         return reply;
@@ -153,25 +160,28 @@ struct StandIn::Private : standin::Service {
     Reply listFiles(const Call &call)
     {
         const QByteArray workspace = call.exchange.request.query("workspace_id");
-        if (workspace.isEmpty())
+        if (workspace.isEmpty()) {
             return Reply::detail(400, u"workspace_id is missing"_s);
+        }
         return world.files(call.account, workspace);
     }
 
     Reply takeFile(const Call &call)
     {
         const QByteArray workspace = call.exchange.request.query("workspace_id");
-        if (workspace.isEmpty())
+        if (workspace.isEmpty()) {
             return Reply::detail(400, u"workspace_id is missing"_s);
-        if (!call.exchange.form->failure().isEmpty())
+        }
+        if (!call.exchange.form->failure().isEmpty()) {
             return Reply::detail(400, call.exchange.form->failure());
+        }
         Upload upload = call.exchange.form->upload();
         upload.workspace = workspace;
         uploads.append(upload);
         return world.addFile(call.account, upload);
     }
 
-    /// Web pages cannot send this content type to another origin, so that none of them can give orders here.
+    // Web pages cannot send this content type to another origin, so that none of them can give orders here.
     Reply takeOrder(const Request &request)
     {
         if (request.method == "DELETE") {
@@ -184,8 +194,9 @@ struct StandIn::Private : standin::Service {
             reply.headers = {{"Allow", "POST, DELETE"}};
             return reply;
         }
-        if (request.header("Content-Type") != "application/json")
+        if (request.header("Content-Type") != "application/json") {
             return Reply::detail(400, u"Content-Type must be application/json"_s);
+        }
         const QString failure = standin::orderFromJson(*q, request.body);
         return failure.isEmpty() ? Reply{204, {}, {}, {}} : Reply::detail(400, failure);
     }
@@ -233,8 +244,9 @@ StandIn::StandIn(QObject *parent) : QObject(parent), d(std::make_unique<Private>
 StandIn::~StandIn()
 {
     // A connection reports its end to us, for which it is too late here.
-    for (Connection *connection : std::as_const(d->connections))
+    for (Connection *connection : std::as_const(d->connections)) {
         connection->disconnect(this);
+    }
     qDeleteAll(d->connections);
 }
 
@@ -354,16 +366,18 @@ void StandIn::clearFaults()
 void StandIn::release()
 {
     const QList<Connection *> connections = d->connections;
-    for (Connection *connection : connections)
+    for (Connection *connection : connections) {
         connection->release();
+    }
 }
 
 bool StandIn::drip()
 {
     bool dripped = false;
     const QList<Connection *> connections = d->connections;
-    for (Connection *connection : connections)
+    for (Connection *connection : connections) {
         dripped = connection->drip() || dripped;
+    }
     return dripped;
 }
 

@@ -32,8 +32,9 @@ QString base32Encoded(const QByteArray &bytes)
             text += Base32Alphabet[(bits >> count) & 31];
         }
     }
-    if (count > 0)
+    if (count > 0) {
         text += Base32Alphabet[(bits << (5 - count)) & 31];
+    }
     return text;
 }
 
@@ -43,11 +44,13 @@ QByteArray base32Decoded(const QString &text)
     quint32 bits = 0;
     int count = 0;
     for (const QChar &c : text) {
-        if (c == u' ' || c == u'=')
+        if (c == u' ' || c == u'=') {
             continue;
+        }
         const qsizetype value = Base32Alphabet.indexOf(c.toUpper());
-        if (value < 0)
+        if (value < 0) {
             return {};
+        }
         bits = (bits << 5) | quint32(value);
         count += 5;
         if (count >= 8) {
@@ -70,8 +73,9 @@ QString totpCode(const QByteArray &secret, const QDateTime &at, int digits)
 bool totpAccepts(const QByteArray &secret, const QString &code, const QDateTime &at)
 {
     for (const qint64 steps : {-1, 0, 1}) {
-        if (code == totpCode(secret, at.addSecs(steps * StepSeconds)))
+        if (code == totpCode(secret, at.addSecs(steps * StepSeconds))) {
             return true;
+        }
     }
     return false;
 }
@@ -88,16 +92,18 @@ QByteArray qrCodePng(const QByteArray &text)
     constexpr int QuietZone = 4; // modules, as ISO 18004 asks for
     const std::unique_ptr<QRcode, decltype(&QRcode_free)> code(
         QRcode_encodeString8bit(text.constData(), 0, QR_ECLEVEL_M), QRcode_free);
-    if (!code)
+    if (!code) {
         return {};
+    }
 
     const int modules = code->width + 2 * QuietZone;
     QImage image(modules, modules, QImage::Format_Grayscale8);
     image.fill(Qt::white);
     for (int y = 0; y < code->width; ++y) {
         uchar *line = image.scanLine(y + QuietZone) + QuietZone;
-        for (int x = 0; x < code->width; ++x)
+        for (int x = 0; x < code->width; ++x) {
             line[x] = (code->data[y * code->width + x] & 1) ? 0 : 255;
+        }
     }
     QByteArray png;
     QBuffer buffer(&png);

@@ -30,7 +30,7 @@ QString wireDate(const QDateTime &time)
     return time.toUTC().toString(u"yyyy-MM-ddTHH:mm:ss'Z'"_s);
 }
 
-/// The data files write dates as "now-SECONDS".
+// The data files write dates as "now-SECONDS".
 QByteArray withDates(const QByteArray &json, const QDateTime &now)
 {
     static const QRegularExpression Relative(u"\"now-(\\d+)\""_s);
@@ -52,7 +52,7 @@ Reply list(const JsonList &items)
     return Reply::json(200, "{\"data\":" + items.text() + '}');
 }
 
-/// Four decimals, as a trainer prints them.
+// Four decimals, as a trainer prints them.
 double rounded(double value)
 {
     return std::round(value * 10000) / 10000;
@@ -112,8 +112,9 @@ Reply World::models() const
 Reply World::modelDownload(const QString &id) const
 {
     const qsizetype index = m_models.indexOf(id);
-    if (index < 0)
+    if (index < 0) {
         return Reply::detail(404, u"No model "_s + id);
+    }
     const QJsonObject model = m_models.items()[index].toObject();
     QJsonObject download{
         {u"download_url"_s, u"https://downloads.quillmere.example/models/"_s + id + u".safetensors"_s},
@@ -137,12 +138,14 @@ Reply World::cancelJob(const QString &account, const QString &id)
 {
     JsonList &jobs = jobsOf(account);
     const qsizetype index = jobs.indexOf(id);
-    if (index < 0)
+    if (index < 0) {
         return Reply::detail(404, u"No job "_s + id);
+    }
     QJsonObject job = jobs.items()[index].toObject();
     const QString status = job.value(u"status"_s).toString();
-    if (status == u"completed" || status == u"failed" || status == u"cancelled")
+    if (status == u"completed" || status == u"failed" || status == u"cancelled") {
         return Reply::detail(409, u"Job "_s + id + u" is already "_s + status);
+    }
     endJob(job, u"cancelled"_s);
     jobs.replace(index, job);
     return Reply::json(200, compact(job));
@@ -168,12 +171,14 @@ Reply World::addFile(const QString &account, const StandIn::Upload &upload)
 
 Reply World::user(const QString &account) const
 {
-    if (!m_user.isEmpty())
+    if (!m_user.isEmpty()) {
         return Reply::json(200, m_user);
+    }
     QString name = account.section(u'@', 0, 0).replace(u'.', u' ');
     for (qsizetype i = 0; i < name.size(); ++i) {
-        if (i == 0 || name[i - 1] == u' ')
+        if (i == 0 || name[i - 1] == u' ') {
             name[i] = name[i].toUpper();
+        }
     }
     return Reply::json(200,
         compact({
@@ -189,16 +194,18 @@ bool World::changeJob(const QString &id, const std::function<void(QJsonObject &)
     bool found = false;
     const auto changeIn = [&](JsonList &jobs) {
         const qsizetype index = jobs.indexOf(id);
-        if (index < 0)
+        if (index < 0) {
             return;
+        }
         QJsonObject job = jobs.items()[index].toObject();
         change(job);
         jobs.replace(index, job);
         found = true;
     };
     changeIn(firstJobs());
-    for (JsonList &jobs : m_jobs)
+    for (JsonList &jobs : m_jobs) {
         changeIn(jobs);
+    }
     return found;
 }
 
@@ -227,8 +234,9 @@ void World::endJob(QJsonObject &job, const QString &status) const
 void World::step()
 {
     stepJobs(firstJobs());
-    for (JsonList &jobs : m_jobs)
+    for (JsonList &jobs : m_jobs) {
         stepJobs(jobs);
+    }
 }
 
 QString World::now() const
@@ -238,30 +246,34 @@ QString World::now() const
 
 JsonList &World::firstJobs()
 {
-    if (!m_firstJobs)
+    if (!m_firstJobs) {
         m_firstJobs.emplace(withDates(resource(u"jobs.json"_s), m_now()));
+    }
     return *m_firstJobs;
 }
 
 JsonList &World::firstFiles()
 {
-    if (!m_firstFiles)
+    if (!m_firstFiles) {
         m_firstFiles.emplace(withDates(resource(u"files.json"_s), m_now()));
+    }
     return *m_firstFiles;
 }
 
 JsonList &World::jobsOf(const QString &account)
 {
-    if (!m_jobs.contains(account))
+    if (!m_jobs.contains(account)) {
         m_jobs.insert(account, firstJobs());
+    }
     return m_jobs[account];
 }
 
 JsonList &World::filesOf(const QString &account, const QByteArray &workspace)
 {
     const QString key = account + u'/' + QString::fromUtf8(workspace);
-    if (!m_files.contains(key))
+    if (!m_files.contains(key)) {
         m_files.insert(key, workspace == "default" ? firstFiles() : JsonList());
+    }
     return m_files[key];
 }
 
@@ -270,19 +282,21 @@ void World::stepJobs(JsonList &jobs) const
     int running = 0;
     for (qsizetype i = 0; i < jobs.items().size(); ++i) {
         QJsonObject job = jobs.items()[i].toObject();
-        if (job.value(u"status"_s) != u"running"_s)
+        if (job.value(u"status"_s) != u"running"_s) {
             continue;
+        }
         advanceJob(job, int(std::min<qint64>(100, job.value(u"progress"_s).toInteger() + PercentPerStep)));
-        if (job.value(u"progress"_s).toInteger() == 100)
+        if (job.value(u"progress"_s).toInteger() == 100) {
             endJob(job, u"completed"_s);
-        else
+        } else
             ++running;
         jobs.replace(i, job);
     }
     for (qsizetype i = 0; i < jobs.items().size() && running < RunningAtOnce; ++i) {
         QJsonObject job = jobs.items()[i].toObject();
-        if (job.value(u"status"_s) != u"pending"_s)
+        if (job.value(u"status"_s) != u"pending"_s) {
             continue;
+        }
         advanceJob(job, 0);
         jobs.replace(i, job);
         ++running;

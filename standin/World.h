@@ -12,7 +12,7 @@
 
 namespace standin {
 
-/// A JSON array that is sent letter for letter as it was given, until something changes it.
+// A JSON array that is sent letter for letter as it was given, until something changes it.
 class JsonList {
 public:
     JsonList() = default;
@@ -22,7 +22,7 @@ public:
     const QJsonArray &items() const { return m_items; }
     void replace(qsizetype index, const QJsonObject &item);
     void append(const QJsonObject &item);
-    /// -1 when there is none.
+    // -1 when there is none.
     qsizetype indexOf(const QString &id) const;
 
 private:
@@ -32,7 +32,7 @@ private:
     QJsonArray m_items;
 };
 
-/// What the service knows beside its accounts: the catalog, and each account's jobs and files.
+// What the service knows beside its accounts: the catalog, and each account's jobs and files.
 class World {
 public:
     using Clock = std::function<QDateTime()>;
@@ -52,16 +52,16 @@ public:
     Reply addFile(const QString &account, const StandIn::Upload &upload);
     Reply user(const QString &account) const;
 
-    /// Applies a change to the job of that id wherever an account has it, and to the job that new accounts will get.
+    // Applies a change to the job of that id wherever an account has it, and to the job that new accounts will get.
     bool changeJob(const QString &id, const std::function<void(QJsonObject &)> &change);
     void advanceJob(QJsonObject &job, int percent) const;
     void endJob(QJsonObject &job, const QString &status) const;
-    /// One step of the time that passes by itself.
+    // One step of the time that passes by itself.
     void step();
 
 private:
     QString now() const;
-    /// What an account starts with. The built-in lists are made at first use, with dates relative to that moment.
+    // What an account starts with. The built-in lists are made at first use, with dates relative to that moment.
     JsonList &firstJobs();
     JsonList &firstFiles();
     JsonList &jobsOf(const QString &account);
@@ -73,8 +73,8 @@ private:
     std::optional<JsonList> m_firstJobs;
     std::optional<JsonList> m_firstFiles;
     QByteArray m_user;
-    QHash<QString, JsonList> m_jobs;  ///< by account
-    QHash<QString, JsonList> m_files; ///< by account and workspace
+    QHash<QString, JsonList> m_jobs;  //< by account
+    QHash<QString, JsonList> m_files; //< by account and workspace
     int m_fileCount = 0;
 };
 
