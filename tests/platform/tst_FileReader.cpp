@@ -14,6 +14,7 @@
 #include <unistd.h>
 
 using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
 using quillmere::testing::eventually;
 
 namespace quillmere {
@@ -30,9 +31,9 @@ public:
         readFile(file).then([outcome = m_outcome](Result<QByteArray> result) { outcome->emplace(std::move(result)); });
     }
 
-    bool ends(int milliseconds = 5000) const
+    bool ends(std::chrono::milliseconds limit = 5s) const
     {
-        return QTest::qWaitFor([this] { return m_outcome->has_value(); }, milliseconds);
+        return eventually([this] { return m_outcome->has_value(); }, limit);
     }
     QByteArray content() const { return ends() && **m_outcome ? ***m_outcome : QByteArray("(failed)"); }
     QString failure() const
@@ -165,7 +166,7 @@ private slots:
         connect(&idle, &QTimer::timeout, this, [&turns] { ++turns; });
         idle.start(0);
         const Reading reading(url(u"large.txt"_s));
-        QVERIFY(reading.ends(60'000));
+        QVERIFY(reading.ends(60s));
         QCOMPARE(reading.content().size(), 300 * megabyte);
         if (testing::memoryIsMeasurable) {
             QVERIFY2(memory.growth() < 310 * megabyte, QByteArray::number(memory.growth()));

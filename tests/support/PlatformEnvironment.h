@@ -5,6 +5,7 @@
 #include "support/FakeClock.h"
 #include "support/FakeFilePicker.h"
 #include "support/MemorySecretStore.h"
+#include "support/Waiting.h"
 
 #include <QList>
 #include <QString>
@@ -45,12 +46,6 @@ public:
     // Set by a test that asks for what the service does not have.
     bool expectsUnknownRequests = false;
 };
-
-// Runs the event loop until the condition holds; false when five seconds were not enough.
-template <typename Condition> bool eventually(Condition condition)
-{
-    return QTest::qWaitFor(condition, 5000);
-}
 
 // Runs the event loop until all that was posted has run, however much it posts in turn.
 void settle();

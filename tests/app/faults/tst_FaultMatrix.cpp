@@ -84,14 +84,14 @@ private:
     static bool waits(Scene &scene, const Call &call, Fault::Wait wait)
     {
         FakeClock &clock = scene.world.clock;
-        const auto ends = [&] { return happens([&] { return call.hasEnded(); }); };
-        const auto isUnderWay = [&] { return happens([&] { return scene.begun + scene.strangersCallers > 0; }); };
+        const auto ends = [&] { return eventually([&] { return call.hasEnded(); }); };
+        const auto isUnderWay = [&] { return eventually([&] { return scene.begun + scene.strangersCallers > 0; }); };
         const auto isThere = [&] {
-            return happens([&] { return !scene.world.service.requests().isEmpty() || scene.strangersCallers > 0; });
+            return eventually([&] { return !scene.world.service.requests().isEmpty() || scene.strangersCallers > 0; });
         };
         switch (wait) {
         case Fault::Wait::No:
-            return happens([&] { return call.hasEnded(); }, 20s);
+            return eventually([&] { return call.hasEnded(); }, 20s);
         case Fault::Wait::AMinute:
             // Each byte of the request begins the minute anew.
             if (!isUnderWay() || !isThere()) {
@@ -125,10 +125,10 @@ private:
             for (int i = 0; i < 14 && !call.hasEnded(); ++i) {
                 const int looks = clock.looks;
                 // The request may still be on its way at first.
-                if (!happens([&] { return scene.world.service.drip() || call.hasEnded(); })) {
+                if (!eventually([&] { return scene.world.service.drip() || call.hasEnded(); })) {
                     return false;
                 }
-                if (!happens([&] { return clock.looks > looks || call.hasEnded(); })) {
+                if (!eventually([&] { return clock.looks > looks || call.hasEnded(); })) {
                     return false;
                 }
                 clock.advance(50s);
