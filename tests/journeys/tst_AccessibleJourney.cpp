@@ -1,4 +1,4 @@
-#include "journeys/JourneyWorld.h"
+#include "journeys/JourneyTest.h"
 #include "platform/Keyring.h"
 
 #include <QDateTime>
@@ -19,10 +19,8 @@ const QString answer = u"Quantum computing uses quantum bits or qubits..."_s;
 
 // A user who neither sees the window nor touches keyboard or pointer: all that happens goes through what the program tells
 // assistive programs of itself.
-class tst_AccessibleJourney : public QObject {
+class tst_AccessibleJourney : public JourneyTest {
     Q_OBJECT
-
-    std::unique_ptr<JourneyWorld> m_world;
 
 private slots:
     void initTestCase()
@@ -30,18 +28,6 @@ private slots:
         QFile dataset(qEnvironmentVariable("HOME") + u"/questions.json"_s);
         QVERIFY(dataset.open(QIODevice::WriteOnly));
         QVERIFY(dataset.write("{\"text\": \"Why?\"}\n") > 0);
-    }
-
-    void init()
-    {
-        m_world = std::make_unique<JourneyWorld>(QStringLiteral(BROWSER));
-        QVERIFY(m_world->stands());
-    }
-
-    void cleanup()
-    {
-        QCOMPARE(m_world->service.unexpectedRequests(), QStringList());
-        m_world.reset();
     }
 
     void signsInWorksAndLogsOut()

@@ -1,5 +1,5 @@
 #include "journeys/Desktop.h"
-#include "journeys/JourneyWorld.h"
+#include "journeys/JourneyTest.h"
 #include "platform/Keyring.h"
 
 #include <QTest>
@@ -11,11 +11,14 @@
 using namespace Qt::StringLiterals;
 
 // The program is started many times at once, each time with a URL, as a page does that opens one after the other.
-class tst_CallbackJourney : public QObject {
+class tst_CallbackJourney : public JourneyTest {
     Q_OBJECT
 
-    std::unique_ptr<JourneyWorld> m_world;
+public:
+    // With a browser that opens and leads nowhere.
+    tst_CallbackJourney() : JourneyTest(u"/bin/true"_s) { }
 
+private:
     using Starts = std::vector<std::unique_ptr<Studio>>;
 
     static qsizetype running(const Starts &starts)
@@ -32,19 +35,6 @@ class tst_CallbackJourney : public QObject {
     }
 
 private slots:
-    void init()
-    {
-        // A browser that opens and leads nowhere.
-        m_world = std::make_unique<JourneyWorld>(u"/bin/true"_s);
-        QVERIFY(m_world->stands());
-    }
-
-    void cleanup()
-    {
-        QCOMPARE(m_world->service.unexpectedRequests(), QStringList());
-        m_world.reset();
-    }
-
     void fiftyStartsGiveOneWindowAndDeliverEveryUrlOnce()
     {
         Starts all;

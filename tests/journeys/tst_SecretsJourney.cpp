@@ -1,5 +1,5 @@
 #include "journeys/Desktop.h"
-#include "journeys/JourneyWorld.h"
+#include "journeys/JourneyTest.h"
 #include "platform/Keyring.h"
 
 #include <QClipboard>
@@ -37,10 +37,9 @@ qint64 parentOf(const QString &process)
 // Known and meant are two places that this does not look at. A URL that no sign-in waits for is printed as it came; and the
 // process that the desktop starts with a URL has it among its arguments until it has handed it over, which is why the search
 // begins when no such process is left.
-class tst_SecretsJourney : public QObject {
+class tst_SecretsJourney : public JourneyTest {
     Q_OBJECT
 
-    std::unique_ptr<JourneyWorld> m_world;
     QStringList m_canaries;
 
     static QString home() { return QDir::homePath(); }
@@ -139,18 +138,6 @@ class tst_SecretsJourney : public QObject {
     }
 
 private slots:
-    void init()
-    {
-        m_world = std::make_unique<JourneyWorld>(QStringLiteral(BROWSER));
-        QVERIFY(m_world->stands());
-    }
-
-    void cleanup()
-    {
-        QCOMPARE(m_world->service.unexpectedRequests(), QStringList());
-        m_world.reset();
-    }
-
     void aSignInLeavesItsTokensInTheKeyringAndNowhereElse()
     {
         const auto studio = starts();

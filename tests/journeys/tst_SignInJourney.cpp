@@ -1,5 +1,5 @@
 #include "journeys/Desktop.h"
-#include "journeys/JourneyWorld.h"
+#include "journeys/JourneyTest.h"
 #include "platform/Keyring.h"
 
 #include <QTest>
@@ -16,24 +16,10 @@ const QString runningJob = u"Support Triage Assistant"_s;
 
 // A user signs in, works and is signed out again: a real window driven by keys, the session's real keyring, real HTTP, and the
 // desktop's own way from the program to a browser and back.
-class tst_SignInJourney : public QObject {
+class tst_SignInJourney : public JourneyTest {
     Q_OBJECT
 
-    std::unique_ptr<JourneyWorld> m_world;
-
 private slots:
-    void init()
-    {
-        m_world = std::make_unique<JourneyWorld>(QStringLiteral(BROWSER));
-        QVERIFY(m_world->stands());
-    }
-
-    void cleanup()
-    {
-        QCOMPARE(m_world->service.unexpectedRequests(), QStringList());
-        m_world.reset();
-    }
-
     void signsInThroughTheBrowserOnceAndForAll()
     {
         auto studio = m_world->starts();
