@@ -412,6 +412,22 @@ bool Tour::selectsNode(int index)
     return selects(SidebarItem::Agents) && clicks(u"NodeView"_s, index) && shows(u"InspectorView"_s);
 }
 
+void TourTest::initTestCase()
+{
+    failOnWarnings();
+    m_tour = std::make_unique<Tour>();
+}
+
+void TourTest::init()
+{
+    failOnWarnings();
+}
+
+void TourTest::cleanupTestCase()
+{
+    m_tour.reset();
+}
+
 QRectF visiblePart(const QQuickItem *item, QRectF part)
 {
     for (const QQuickItem *outer = item->parentItem(); outer; outer = outer->parentItem()) {

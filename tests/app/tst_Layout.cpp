@@ -93,7 +93,7 @@ class tst_Layout : public QObject {
     Q_OBJECT
 
 private slots:
-    void initTestCase() { failOnWarnings(); }
+    void init() { failOnWarnings(); }
     void cleanupTestCase()
     {
         m_tour.reset();

@@ -172,18 +172,13 @@ void pointerTakesOver()
 } // namespace
 
 // Whatever can be done in the window can be done by the pointer, by the keyboard, and by an assistive program.
-class tst_Reach : public QObject {
+class tst_Reach : public TourTest {
     Q_OBJECT
 
 private slots:
-    void initTestCase()
-    {
-        failOnWarnings();
-        m_tour = std::make_unique<Tour>();
-    }
     void cleanupTestCase()
     {
-        m_tour.reset();
+        TourTest::cleanupTestCase();
         qInfo("%d controls, %d stops of the Tab key, %d names that changed", m_controls, m_stops, m_renamings);
     }
 
@@ -420,7 +415,6 @@ private:
         return complaints;
     }
 
-    std::unique_ptr<Tour> m_tour;
     QImage m_last;
     int m_controls = 0;
     int m_stops = 0;

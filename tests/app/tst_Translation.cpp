@@ -72,18 +72,13 @@ bool isData(QString text)
 } // namespace
 
 // Every text of the program goes through the translation, wherever it is seen or read out.
-class tst_Translation : public QObject {
+class tst_Translation : public TourTest {
     Q_OBJECT
 
 private slots:
-    void initTestCase()
-    {
-        failOnWarnings();
-        m_tour = std::make_unique<Tour>();
-    }
     void cleanupTestCase()
     {
-        m_tour.reset();
+        TourTest::cleanupTestCase();
         qInfo("%d texts were seen", m_count);
     }
 
@@ -123,7 +118,6 @@ private:
     }
 
     const PseudoTranslator m_translator;
-    std::unique_ptr<Tour> m_tour;
     int m_count = 0;
 };
 
