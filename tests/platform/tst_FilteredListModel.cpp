@@ -235,6 +235,16 @@ private slots:
         QCOMPARE(m_model->told, told);
     }
 
+    void leavesOneOutOfTheMiddleAndTakesItBack()
+    {
+        m_model->filter([](const Fruit &fruit) { return fruit.weight != 180; });
+        QCOMPARE(m_model->told, QStringList(u"removed 1-1"_s));
+        QCOMPARE(m_model->names(), u"Apple Grape Pineapple"_s);
+        m_model->filter({});
+        QCOMPARE(m_model->told, QStringList({u"removed 1-1"_s, u"inserted 1-1"_s}));
+        QCOMPARE(m_model->names(), u"Apple Pear Grape Pineapple"_s);
+    }
+
     void leavesAloneWhoHoldsOnToARowThatStays()
     {
         const QPersistentModelIndex apple = m_model->index(0);
