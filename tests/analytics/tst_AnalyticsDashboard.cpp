@@ -1,7 +1,6 @@
 #include "analytics/AnalyticsDataManager.h"
 #include "analytics/dashboard/StudioAnalyticsTab.h"
-#include "support/TestEnvironment.h"
-#include "support/Window.h"
+#include "support/ViewTest.h"
 
 #include <QFile>
 
@@ -28,11 +27,6 @@ const auto strip = u"#ff111111"_s;
 const auto line = u"#ff1f1f1f"_s;
 const auto card = u"#ff1a1a1a"_s;
 
-double gapAcross(const QQuickItem *left, const QQuickItem *right)
-{
-    return placeOf(right).left() - placeOf(left).right();
-}
-
 bool isTracked(const QQuickItem *text, double spacing)
 {
     const auto font = text->property("font").value<QFont>();
@@ -41,22 +35,10 @@ bool isTracked(const QQuickItem *text, double spacing)
 
 } // namespace
 
-class tst_AnalyticsDashboard : public QObject {
+class tst_AnalyticsDashboard : public ViewTest {
     Q_OBJECT
 
 private slots:
-    void init()
-    {
-        failOnWarnings();
-        m_world = std::make_unique<TestEnvironment>();
-    }
-    void cleanup()
-    {
-        m_window.reset();
-        m_view.reset();
-        m_world.reset();
-    }
-
     // The table of tabs
 
     void tellsEachTab_data()
@@ -471,8 +453,7 @@ private slots:
     void showsAllOfTheSystemMonitorWhereItIsLow()
     {
         QFETCH(int, width);
-        m_view = openView(u"Analytics/SystemPerformanceMonitor.qml"_s, {width, 160});
-        m_window = std::make_unique<Window>(*m_view);
+        open(u"Analytics/SystemPerformanceMonitor.qml"_s, {width, 160});
         QList<QQuickItem *> parts = m_window->all(u"MonitorGauge"_s);
         QCOMPARE(parts.size(), 4);
         parts.append(m_window->all(u"Sparkline"_s));
@@ -533,11 +514,7 @@ private slots:
     }
 
 private:
-    void opens(QSize size = {980, 760})
-    {
-        m_view = openView(u"Analytics/AnalyticsDashboard.qml"_s, size);
-        m_window = std::make_unique<Window>(*m_view);
-    }
+    void opens(QSize size = {980, 760}) { open(u"Analytics/AnalyticsDashboard.qml"_s, size); }
 
     void opensMonitor()
     {
@@ -575,10 +552,6 @@ private:
         }
         return titles;
     }
-
-    std::unique_ptr<TestEnvironment> m_world;
-    std::unique_ptr<QQuickView> m_view;
-    std::unique_ptr<Window> m_window;
 };
 
 } // namespace quillmere

@@ -1,6 +1,5 @@
 #include "analytics/thresholds/DataThresholdControlState.h"
-#include "support/TestEnvironment.h"
-#include "support/Window.h"
+#include "support/ViewTest.h"
 
 #include <QSignalSpy>
 
@@ -22,25 +21,19 @@ const QStringList atFirst{u"DATA CONTROLS"_s, u"TOKEN LIMITS"_s, u"Min Tokens"_s
 
 } // namespace
 
-class tst_DataThresholdControlView : public QObject {
+class tst_DataThresholdControlView : public ViewTest {
     Q_OBJECT
 
 private slots:
     void init()
     {
-        failOnWarnings();
-        world = std::make_unique<TestEnvironment>();
+        ViewTest::init();
         open();
-    }
-    void cleanup()
-    {
-        view.reset();
-        world.reset();
     }
 
     void showsEveryValueAsItIsBeforeAnyChange()
     {
-        QCOMPARE(screen->texts(), atFirst);
+        QCOMPARE(m_window->texts(), atFirst);
         QVERIFY(isOn(u"Remove Outliers"_s));
         QVERIFY(!isOn(u"Normalize Text"_s));
         QVERIFY(!isOn(u"Stopword Filter"_s));
@@ -64,7 +57,7 @@ private slots:
         QFETCH(QString, slider);
         QFETCH(QString, least);
         QFETCH(QString, most);
-        const auto *it = screen->control(QAccessible::Slider, slider);
+        const auto *it = m_window->control(QAccessible::Slider, slider);
         drag(it, Qt::LeftEdge);
         QCOMPARE(figureOf(slider), least);
         drag(it, Qt::RightEdge);
@@ -74,7 +67,7 @@ private slots:
 
     void slidesWithoutSteps()
     {
-        auto *it = screen->control(QAccessible::Slider, u"Min Tokens"_s);
+        auto *it = m_window->control(QAccessible::Slider, u"Min Tokens"_s);
         QAccessible::queryAccessibleInterface(it)->valueInterface()->setCurrentValue(12.345);
         QCOMPARE(state().minTokens(), 12.345);
         QCOMPARE(figureOf(u"Min Tokens"_s), u"12"_s);
@@ -82,8 +75,8 @@ private slots:
 
     void neverLetsTheLeastTokensPassTheMost()
     {
-        drag(screen->control(QAccessible::Slider, u"Min Tokens"_s), Qt::RightEdge);
-        drag(screen->control(QAccessible::Slider, u"Max Tokens"_s), Qt::LeftEdge);
+        drag(m_window->control(QAccessible::Slider, u"Min Tokens"_s), Qt::RightEdge);
+        drag(m_window->control(QAccessible::Slider, u"Max Tokens"_s), Qt::LeftEdge);
         QCOMPARE(state().minTokens(), 100.0);
         QCOMPARE(state().maxTokens(), 512.0);
     }
@@ -92,21 +85,21 @@ private slots:
     {
         for (const QString &name : {u"Remove Outliers"_s, u"Normalize Text"_s, u"Stopword Filter"_s}) {
             const bool before = isOn(name);
-            screen->click(screen->control(QAccessible::CheckBox, name));
+            m_window->click(m_window->control(QAccessible::CheckBox, name));
             QCOMPARE(isOn(name), !before);
         }
         QVERIFY(!isOn(u"Remove Outliers"_s));
         QVERIFY(isOn(u"Normalize Text"_s));
         QVERIFY(isOn(u"Stopword Filter"_s));
-        QCOMPARE(screen->texts(), atFirst);
+        QCOMPARE(m_window->texts(), atFirst);
     }
 
     void picksWhereToTruncate()
     {
-        screen->click(screen->control(QAccessible::RadioButton, u"End"_s));
+        m_window->click(m_window->control(QAccessible::RadioButton, u"End"_s));
         QCOMPARE(state().truncationStrategy(), 2);
         QCOMPARE(chosen(), QStringList({u"End"_s}));
-        screen->press(Qt::Key_Left);
+        m_window->press(Qt::Key_Left);
         QCOMPARE(state().truncationStrategy(), 1);
         QCOMPARE(chosen(), QStringList({u"Middle"_s}));
     }
@@ -114,10 +107,10 @@ private slots:
     void stepsTheLimitByAThousand()
     {
         step(-1);
-        QVERIFY(screen->shows(u"99000 rows"_s));
+        QVERIFY(m_window->shows(u"99000 rows"_s));
         step(1);
         step(1);
-        QVERIFY(screen->shows(u"101000 rows"_s));
+        QVERIFY(m_window->shows(u"101000 rows"_s));
     }
 
     void stepsTheLimitToZeroAndBelow()
@@ -125,17 +118,17 @@ private slots:
         for (int i = 0; i < 100; ++i) {
             step(-1);
         }
-        QVERIFY(screen->shows(u"0 rows"_s));
+        QVERIFY(m_window->shows(u"0 rows"_s));
         step(-1);
-        QVERIFY(screen->shows(u"-1000 rows"_s));
+        QVERIFY(m_window->shows(u"-1000 rows"_s));
     }
 
     void stepsTheLimitOnWhileItIsHeld()
     {
         const QPoint up = placeOf(stepper()).topLeft().toPoint() + QPoint(10, 6);
-        QTest::mousePress(view.get(), Qt::LeftButton, {}, up);
-        world->clock.advance(600ms);
-        QTest::mouseRelease(view.get(), Qt::LeftButton, {}, up);
+        QTest::mousePress(m_view.get(), Qt::LeftButton, {}, up);
+        m_world->clock.advance(600ms);
+        QTest::mouseRelease(m_view.get(), Qt::LeftButton, {}, up);
         QCOMPARE(state().datasetLimit(), 104000);
     }
 
@@ -144,8 +137,8 @@ private slots:
         open(500);
         QStringList names;
         for (int i = 0; i < 11; ++i) {
-            screen->press(Qt::Key_Tab);
-            const auto *it = QAccessible::queryAccessibleInterface(view->activeFocusItem());
+            m_window->press(Qt::Key_Tab);
+            const auto *it = QAccessible::queryAccessibleInterface(m_view->activeFocusItem());
             names.append(it->text(QAccessible::Name));
         }
         QCOMPARE(names,
@@ -153,61 +146,61 @@ private slots:
                 u"Min Quality Score"_s, u"Max Imbalance"_s, u"Remove Outliers"_s, u"Normalize Text"_s,
                 u"Stopword Filter"_s, u"Start"_s, u"Dataset size limit"_s}));
         // The last one stood below the lower edge.
-        QVERIFY(placeOf(view->activeFocusItem()).bottom() <= view->height());
+        QVERIFY(placeOf(m_view->activeFocusItem()).bottom() <= m_view->height());
     }
 
     void hasItsLooks()
     {
-        QCOMPARE(colorOf(view->rootObject()), u"#ff161616"_s);
-        QCOMPARE(fontOf(screen->text(u"DATA CONTROLS"_s)), u"Geist Mono 12 900"_s);
-        QCOMPARE(colorOf(screen->text(u"DATA CONTROLS"_s)), gray);
-        QVERIFY(screen->symbol(u"slider.horizontal.3"_s));
-        QCOMPARE(fontOf(screen->text(u"TOKEN LIMITS"_s)), u"Geist Mono 10 700"_s);
-        QCOMPARE(colorOf(screen->text(u"TOKEN LIMITS"_s)), gray);
-        QCOMPARE(fontOf(screen->text(u"Min Tokens"_s)), u"Geist Mono 11 400"_s);
-        QCOMPARE(colorOf(screen->text(u"Min Tokens"_s)), gray);
-        QCOMPARE(fontOf(screen->text(u"2048"_s)), u"Geist Mono 11 400"_s);
-        QCOMPARE(colorOf(screen->text(u"2048"_s)), cyan);
-        QCOMPARE(fontOf(screen->text(u"Normalize Text"_s)), u"Geist Mono 12 400"_s);
-        QCOMPARE(colorOf(screen->text(u"Normalize Text"_s)), white);
-        QCOMPARE(fontOf(screen->text(u"100000 rows"_s)), u"Geist Mono 12 400"_s);
-        QCOMPARE(colorOf(screen->text(u"100000 rows"_s)), cyan);
+        QCOMPARE(colorOf(m_view->rootObject()), u"#ff161616"_s);
+        QCOMPARE(fontOf(m_window->text(u"DATA CONTROLS"_s)), u"Geist Mono 12 900"_s);
+        QCOMPARE(colorOf(m_window->text(u"DATA CONTROLS"_s)), gray);
+        QVERIFY(m_window->symbol(u"slider.horizontal.3"_s));
+        QCOMPARE(fontOf(m_window->text(u"TOKEN LIMITS"_s)), u"Geist Mono 10 700"_s);
+        QCOMPARE(colorOf(m_window->text(u"TOKEN LIMITS"_s)), gray);
+        QCOMPARE(fontOf(m_window->text(u"Min Tokens"_s)), u"Geist Mono 11 400"_s);
+        QCOMPARE(colorOf(m_window->text(u"Min Tokens"_s)), gray);
+        QCOMPARE(fontOf(m_window->text(u"2048"_s)), u"Geist Mono 11 400"_s);
+        QCOMPARE(colorOf(m_window->text(u"2048"_s)), cyan);
+        QCOMPARE(fontOf(m_window->text(u"Normalize Text"_s)), u"Geist Mono 12 400"_s);
+        QCOMPARE(colorOf(m_window->text(u"Normalize Text"_s)), white);
+        QCOMPARE(fontOf(m_window->text(u"100000 rows"_s)), u"Geist Mono 12 400"_s);
+        QCOMPARE(colorOf(m_window->text(u"100000 rows"_s)), cyan);
 
-        const QList<QQuickItem *> lines = screen->all(u"Divider"_s);
+        const QList<QQuickItem *> lines = m_window->all(u"Divider"_s);
         QList<QRectF> edges;
         int between = 0;
         for (const auto *line : lines) {
             QVERIFY(colorOf(line) == u"#ff333333"_s || line->width() == 1);
-            if (line->height() == view->height()) {
+            if (line->height() == m_view->height()) {
                 edges.append(placeOf(line));
             } else if (line->height() == 1) {
                 ++between;
             }
         }
-        QCOMPARE(edges, QList<QRectF>({QRectF(0, 0, 1, view->height())}));
+        QCOMPARE(edges, QList<QRectF>({QRectF(0, 0, 1, m_view->height())}));
         QCOMPARE(between, 4);
     }
 
     void keepsItsDistances()
     {
-        const auto *limits = screen->text(u"TOKEN LIMITS"_s);
-        const auto *least = screen->text(u"Min Tokens"_s);
-        const auto *slider = screen->control(QAccessible::Slider, u"Min Tokens"_s);
+        const auto *limits = m_window->text(u"TOKEN LIMITS"_s);
+        const auto *least = m_window->text(u"Min Tokens"_s);
+        const auto *slider = m_window->control(QAccessible::Slider, u"Min Tokens"_s);
         QCOMPARE(placeOf(least).top() - placeOf(limits).bottom(), 12.0);
         QCOMPARE(placeOf(slider).top() - placeOf(least).bottom(), 4.0);
-        QCOMPARE(placeOf(screen->text(u"Max Tokens"_s)).top() - placeOf(slider).bottom(), 16.0);
-        const auto rowOf = [&](const QString &name) { return placeOf(screen->control(QAccessible::CheckBox, name)); };
+        QCOMPARE(placeOf(m_window->text(u"Max Tokens"_s)).top() - placeOf(slider).bottom(), 16.0);
+        const auto rowOf = [&](const QString &name) { return placeOf(m_window->control(QAccessible::CheckBox, name)); };
         QCOMPARE(rowOf(u"Normalize Text"_s).top() - rowOf(u"Remove Outliers"_s).bottom(), 12.0);
-        QCOMPARE(placeOf(screen->text(u"10"_s)).right(), placeOf(slider).right());
+        QCOMPARE(placeOf(m_window->text(u"10"_s)).right(), placeOf(slider).right());
     }
 
     // The view is made anew on each visit.
     void forgetsItsValuesWhenItIsLeft()
     {
-        drag(screen->control(QAccessible::Slider, u"Min Tokens"_s), Qt::RightEdge);
+        drag(m_window->control(QAccessible::Slider, u"Min Tokens"_s), Qt::RightEdge);
         step(1);
         open();
-        QCOMPARE(screen->texts(), atFirst);
+        QCOMPARE(m_window->texts(), atFirst);
     }
 
     void announcesEachWriteBeforeIt()
@@ -227,24 +220,20 @@ private slots:
     }
 
 private:
-    void open(int height = 800)
-    {
-        view = openView(u"Analytics/DataThresholdControlView.qml"_s, QSize(320, height));
-        screen.emplace(*view);
-    }
+    void open(int height = 800) { ViewTest::open(u"Analytics/DataThresholdControlView.qml"_s, QSize(320, height)); }
 
-    DataThresholdControlState &state() const { return *view->rootObject()->findChild<DataThresholdControlState *>(); }
+    DataThresholdControlState &state() const { return *m_view->rootObject()->findChild<DataThresholdControlState *>(); }
 
     bool isOn(const QString &name) const
     {
-        return QAccessible::queryAccessibleInterface(screen->control(QAccessible::CheckBox, name))->state().checked;
+        return QAccessible::queryAccessibleInterface(m_window->control(QAccessible::CheckBox, name))->state().checked;
     }
 
     QStringList chosen() const
     {
         QStringList names;
         for (const QString &name : {u"Start"_s, u"Middle"_s, u"End"_s}) {
-            const auto *segment = screen->control(QAccessible::RadioButton, name);
+            const auto *segment = m_window->control(QAccessible::RadioButton, name);
             if (QAccessible::queryAccessibleInterface(const_cast<QQuickItem *>(segment))->state().checked) {
                 names.append(name);
             }
@@ -255,13 +244,13 @@ private:
     // The text behind the slider's name.
     QString figureOf(const QString &slider) const
     {
-        const QStringList texts = screen->texts();
+        const QStringList texts = m_window->texts();
         return texts.at(texts.indexOf(slider) + 1);
     }
 
     QStringList othersThan(const QString &slider) const
     {
-        QStringList texts = screen->texts();
+        QStringList texts = m_window->texts();
         texts.removeAt(texts.indexOf(slider) + 1);
         return texts;
     }
@@ -276,23 +265,19 @@ private:
     void drag(const QQuickItem *slider, Qt::Edge end)
     {
         const QPoint middle = placeOf(slider).center().toPoint();
-        const QPoint beyond(end == Qt::LeftEdge ? 2 : view->width() - 2, middle.y());
-        QTest::mousePress(view.get(), Qt::LeftButton, {}, middle);
-        QTest::mouseMove(view.get(), beyond);
-        QTest::mouseRelease(view.get(), Qt::LeftButton, {}, beyond);
+        const QPoint beyond(end == Qt::LeftEdge ? 2 : m_view->width() - 2, middle.y());
+        QTest::mousePress(m_view.get(), Qt::LeftButton, {}, middle);
+        QTest::mouseMove(m_view.get(), beyond);
+        QTest::mouseRelease(m_view.get(), Qt::LeftButton, {}, beyond);
     }
 
-    const QQuickItem *stepper() const { return screen->control(QAccessible::SpinBox, u"Dataset size limit"_s); }
+    const QQuickItem *stepper() const { return m_window->control(QAccessible::SpinBox, u"Dataset size limit"_s); }
 
     void step(int direction)
     {
         const QPoint half(10, direction > 0 ? 6 : 18);
-        QTest::mouseClick(view.get(), Qt::LeftButton, {}, placeOf(stepper()).topLeft().toPoint() + half);
+        QTest::mouseClick(m_view.get(), Qt::LeftButton, {}, placeOf(stepper()).topLeft().toPoint() + half);
     }
-
-    std::unique_ptr<TestEnvironment> world;
-    std::unique_ptr<QQuickView> view;
-    std::optional<Window> screen;
 };
 
 QTEST_MAIN(tst_DataThresholdControlView)

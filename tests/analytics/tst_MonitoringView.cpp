@@ -1,8 +1,7 @@
 #include "analytics/AnalyticsDataManager.h"
 #include "analytics/monitoring/MonitoringState.h"
 #include "platform/Text.h"
-#include "support/TestEnvironment.h"
-#include "support/Window.h"
+#include "support/ViewTest.h"
 
 #include <QQmlComponent>
 #include <QQmlEngine>
@@ -20,7 +19,6 @@ namespace {
 
 const auto white = u"#ffffffff"_s;
 const auto surface = u"#ff121214"_s;
-const auto border = u"#ff27272a"_s;
 const auto success = u"#ff22c55e"_s;
 const auto error = u"#ffef4444"_s;
 const auto textSecondary = u"#ffa1a1aa"_s;
@@ -28,16 +26,6 @@ const auto textTertiary = u"#ff71717a"_s;
 const auto blue = u"#ff0a84ff"_s;
 const auto green = u"#ff32d74b"_s;
 const auto purple = u"#ffbf5af2"_s;
-
-double gapAcross(const QQuickItem *left, const QQuickItem *right)
-{
-    return placeOf(right).left() - placeOf(left).right();
-}
-
-double gapBetween(const QQuickItem *upper, const QQuickItem *lower)
-{
-    return placeOf(lower).top() - placeOf(upper).bottom();
-}
 
 // The smallest rectangle that holds all that differs.
 QRect differenceOf(const QImage &a, const QImage &b)
@@ -65,22 +53,10 @@ void blacken(QImage &image, const QQuickItem *item)
 
 } // namespace
 
-class tst_MonitoringView : public QObject {
+class tst_MonitoringView : public ViewTest {
     Q_OBJECT
 
 private slots:
-    void init()
-    {
-        failOnWarnings();
-        m_world = std::make_unique<TestEnvironment>();
-    }
-    void cleanup()
-    {
-        m_window.reset();
-        m_view.reset();
-        m_world.reset();
-    }
-
     // Breadcrumb bar
 
     void composesItsBreadcrumbBar()
@@ -504,19 +480,14 @@ private slots:
         ticks(3);
         const QString loss = m_window->all(u"TabularLabel"_s).value(0)->property("text").toString();
         QVERIFY(loss != u"0.421");
-        m_window.reset();
-        m_view.reset();
+        close();
         opens();
         QCOMPARE(m_window->all(u"TabularLabel"_s).value(0)->property("text").toString(), loss);
         QCOMPARE(m_world->clock.scheduledCount(), 1);
     }
 
 private:
-    void opens(QSize size = {980, 760})
-    {
-        m_view = openView(u"Analytics/MonitoringView.qml"_s, size);
-        m_window = std::make_unique<Window>(*m_view);
-    }
+    void opens(QSize size = {980, 760}) { open(u"Analytics/MonitoringView.qml"_s, size); }
 
     // One of the screen's parts on its own, in front of it.
     std::unique_ptr<QQuickItem> made(const QString &type, const QVariantMap &properties)
@@ -540,9 +511,7 @@ private:
     {
         QCOMPARE(colorOf(card), surface);
         QCOMPARE(card->property("radius").toDouble(), 12.0);
-        const auto *stroke = card->property("border").value<QObject *>();
-        QCOMPARE(stroke->property("width").toDouble(), 1.0);
-        QCOMPARE(stroke->property("color").value<QColor>().name(QColor::HexArgb), border);
+        QCOMPARE(strokeOf(card), u"#ff27272a 1"_s);
     }
 
     QQuickItem *runCard() const { return m_window->all(u"RunInfoCard"_s).value(0); }
@@ -550,10 +519,6 @@ private:
     QQuickItem *bars() const { return m_window->all(u"BarStrip"_s).value(0); }
     QQuickItem *area() const { return m_window->all(u"ScrollArea"_s).value(0); }
     QList<double> heights() const { return bars()->property("heights").value<QList<double>>(); }
-
-    std::unique_ptr<TestEnvironment> m_world;
-    std::unique_ptr<QQuickView> m_view;
-    std::unique_ptr<Window> m_window;
 };
 
 } // namespace quillmere

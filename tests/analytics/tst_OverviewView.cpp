@@ -3,8 +3,7 @@
 #include "analytics/overview/OverviewState.h"
 #include "analytics/thresholds/DataThresholdControlState.h"
 #include "app/theme/Color.h"
-#include "support/TestEnvironment.h"
-#include "support/Window.h"
+#include "support/ViewTest.h"
 
 #include <QQmlComponent>
 #include <QQmlEngine>
@@ -42,21 +41,10 @@ QList<double> valuesOf(const QList<ChartBar> &bars)
 
 } // namespace
 
-class tst_OverviewView : public QObject {
+class tst_OverviewView : public ViewTest {
     Q_OBJECT
 
 private slots:
-    void init()
-    {
-        failOnWarnings();
-        world = std::make_unique<TestEnvironment>();
-    }
-    void cleanup()
-    {
-        view.reset();
-        world.reset();
-    }
-
     // The token distribution
 
     void drawsTwentyGreenBarsAHundredApart()
@@ -76,7 +64,7 @@ private slots:
     void drawsCountsFromAHundredToAThousandInclusive()
     {
         for (const bool highest : {false, true}) {
-            world->environment.makeRandomSource = [=] { return std::make_unique<FixedRandom>(highest); };
+            m_world->environment.makeRandomSource = [=] { return std::make_unique<FixedRandom>(highest); };
             QCOMPARE(valuesOf(OverviewState().tokenDistribution()), QList<double>(20, highest ? 1000 : 100));
         }
     }
@@ -86,10 +74,10 @@ private slots:
         OverviewState overview;
         QList<QList<double>> seen{valuesOf(overview.tokenDistribution())};
         for (int tick = 0; tick < 3; ++tick) {
-            world->clock.advance(1999ms);
+            m_world->clock.advance(1999ms);
             settle();
             QCOMPARE(valuesOf(overview.tokenDistribution()), seen.last());
-            world->clock.advance(1ms);
+            m_world->clock.advance(1ms);
             settle();
             QVERIFY(!seen.contains(valuesOf(overview.tokenDistribution())));
             seen.append(valuesOf(overview.tokenDistribution()));
@@ -101,7 +89,7 @@ private slots:
         OverviewState overview;
         QSignalSpy drawn(&overview, &OverviewState::changed);
         QSignalSpy written(&AnalyticsDataManager::shared(), &AnalyticsDataManager::willChange);
-        world->clock.advance(2s);
+        m_world->clock.advance(2s);
         settle();
         QCOMPARE(written.size(), 6);
         QCOMPARE(drawn.size(), 1);
@@ -117,7 +105,7 @@ private slots:
         QStringList names;
         for (auto *card : cards()) {
             names.append(QAccessible::queryAccessibleInterface(card)->text(QAccessible::Name));
-            QCOMPARE(screen->texts(card).join(u": "_s),
+            QCOMPARE(m_window->texts(card).join(u": "_s),
                 QStringList({names.last().section(u": "_s, 1), names.last().section(u": "_s, 0, 0)}).join(u": "_s));
         }
         QCOMPARE(names, expected);
@@ -142,12 +130,12 @@ private slots:
         QFETCH(QColor, color);
         open();
         const auto *it = cards().at(card);
-        const auto *icon = screen->symbol(symbol, it);
+        const auto *icon = m_window->symbol(symbol, it);
         QVERIFY(icon);
         QCOMPARE(icon->property("color").value<QColor>(), color);
         QCOMPARE(colorOf(it), u"#ff1a1a1a"_s);
         QCOMPARE(it->property("radius").toInt(), 8);
-        const auto labels = screen->all(u"Label"_s, it);
+        const auto labels = m_window->all(u"Label"_s, it);
         QCOMPARE(fontOf(labels.at(0)), u"Geist Mono 24 700"_s);
         QCOMPARE(colorOf(labels.at(0)), white);
         QCOMPARE(fontOf(labels.at(1)), u"Inter 10 700"_s);
@@ -157,11 +145,11 @@ private slots:
     void tellsTheSameTimeAtAnyHour()
     {
         open();
-        QVERIFY(screen->shows(u"Last Updated: 12:45 PM"_s));
-        world->clock.advance(std::chrono::hours(7));
+        QVERIFY(m_window->shows(u"Last Updated: 12:45 PM"_s));
+        m_world->clock.advance(std::chrono::hours(7));
         settle();
-        QVERIFY(screen->shows(u"Last Updated: 12:45 PM"_s));
-        QVERIFY(screen->shows(u"DATASET ANALYTICS"_s));
+        QVERIFY(m_window->shows(u"Last Updated: 12:45 PM"_s));
+        QVERIFY(m_window->shows(u"DATASET ANALYTICS"_s));
     }
 
     void showsTheLabelsWithTheirCounts()
@@ -174,18 +162,18 @@ private slots:
                 ChartBar::labelled(u"Neutral"_s, 2100, Color::gray())}));
         QCOMPARE(charts().at(1)->property("bars").value<QList<ChartBar>>(), bars);
         for (const auto &text : {u"Positive"_s, u"Negative"_s, u"Neutral"_s}) {
-            QVERIFY(screen->text(text, charts().at(1)));
+            QVERIFY(m_window->text(text, charts().at(1)));
         }
     }
 
     void showsTheBarsThatWereDrawn()
     {
         open();
-        auto *overview = view->rootObject()->findChild<OverviewState *>();
+        auto *overview = m_view->rootObject()->findChild<OverviewState *>();
         QCOMPARE(charts().at(0)->property("bars").value<QList<ChartBar>>(), overview->tokenDistribution());
         const QList<ChartBar> before = overview->tokenDistribution();
         const QStringList texts = figures();
-        world->clock.advance(2s);
+        m_world->clock.advance(2s);
         settle();
         QVERIFY(overview->tokenDistribution() != before);
         QCOMPARE(charts().at(0)->property("bars").value<QList<ChartBar>>(), overview->tokenDistribution());
@@ -203,21 +191,21 @@ private slots:
         QCOMPARE(other.left() - one.right(), 16.0);
         QVERIFY(std::abs(one.width() - other.width()) <= 1);
         QCOMPARE(placeOf(charts().at(0)).left() - one.left(), 16.0);
-        QVERIFY(screen->symbol(u"chart.bar.fill"_s));
-        QVERIFY(screen->symbol(u"chart.pie.fill"_s));
-        QCOMPARE(fontOf(screen->text(u"TOKEN DISTRIBUTION"_s)), u"Inter 12 700"_s);
-        QCOMPARE(colorOf(screen->text(u"TOKEN DISTRIBUTION"_s)), gray);
+        QVERIFY(m_window->symbol(u"chart.bar.fill"_s));
+        QVERIFY(m_window->symbol(u"chart.pie.fill"_s));
+        QCOMPARE(fontOf(m_window->text(u"TOKEN DISTRIBUTION"_s)), u"Inter 12 700"_s);
+        QCOMPARE(colorOf(m_window->text(u"TOKEN DISTRIBUTION"_s)), gray);
     }
 
     void keepsItsLookFromItsHeadToItsChecks()
     {
         open();
-        const double right = view->width() - 320.0 - 24;
-        const auto *title = screen->text(u"DATASET ANALYTICS"_s);
+        const double right = m_view->width() - 320.0 - 24;
+        const auto *title = m_window->text(u"DATASET ANALYTICS"_s);
         QCOMPARE(fontOf(title), u"Inter 24 700"_s);
         QCOMPARE(colorOf(title), white);
         QCOMPARE(placeOf(title).topLeft(), QPointF(24, 24));
-        const auto *updated = screen->text(u"Last Updated: 12:45 PM"_s);
+        const auto *updated = m_window->text(u"Last Updated: 12:45 PM"_s);
         QCOMPARE(colorOf(updated), gray);
         QCOMPARE(placeOf(updated).right(), right);
 
@@ -230,29 +218,27 @@ private slots:
         QCOMPARE(checked.left(), 24.0);
         QCOMPARE(checked.right(), right);
 
-        for (const auto *card : screen->all(u"AnalyticsCard"_s)) {
+        for (const auto *card : m_window->all(u"AnalyticsCard"_s)) {
             QCOMPARE(colorOf(card), u"#ff1a1a1a"_s);
             QCOMPARE(card->property("radius").toInt(), 8);
-            const auto *stroke = card->property("border").value<QObject *>();
-            QCOMPARE(stroke->property("width").toDouble(), 1.0);
-            QCOMPARE(stroke->property("color").value<QColor>(), QColor(0x33, 0x33, 0x33));
+            QCOMPARE(strokeOf(card), u"#ff333333 1"_s);
         }
         for (auto *card : cards()) {
-            const auto *icon = screen->all(u"SymbolIcon"_s, card).first();
+            const auto *icon = m_window->all(u"SymbolIcon"_s, card).first();
             QCOMPARE(placeOf(icon).topLeft() - placeOf(card).topLeft(), QPointF(12, 12));
-            QCOMPARE(placeOf(card).bottom() - placeOf(screen->all(u"Label"_s, card).last()).bottom(), 12.0);
+            QCOMPARE(placeOf(card).bottom() - placeOf(m_window->all(u"Label"_s, card).last()).bottom(), 12.0);
         }
         for (const QString &name : {u"chart.bar.fill"_s, u"chart.pie.fill"_s, u"checkmark.shield.fill"_s}) {
-            const auto *symbol = screen->symbol(name);
+            const auto *symbol = m_window->symbol(name);
             QCOMPARE(symbol->property("size").toInt(), 12);
             QVERIFY(symbol->property("bold").toBool());
             QCOMPARE(colorOf(symbol), gray);
         }
 
-        const auto checks = screen->all(u"CheckItem"_s);
+        const auto checks = m_window->all(u"CheckItem"_s);
         for (int i = 0; i < checks.size(); ++i) {
-            const auto *mark = screen->all(u"SymbolIcon"_s, checks[i]).first();
-            const auto *words = screen->all(u"Label"_s, checks[i]).first();
+            const auto *mark = m_window->all(u"SymbolIcon"_s, checks[i]).first();
+            const auto *words = m_window->all(u"Label"_s, checks[i]).first();
             QCOMPARE(placeOf(words).left() - placeOf(mark).right(), 6.0);
             QCOMPARE(i == 0 ? 20.0 : placeOf(checks[i]).left() - placeOf(checks[i - 1]).right(), 20.0);
         }
@@ -262,14 +248,14 @@ private slots:
     {
         open();
         QStringList names;
-        for (auto *check : screen->all(u"CheckItem"_s)) {
+        for (auto *check : m_window->all(u"CheckItem"_s)) {
             names.append(QAccessible::queryAccessibleInterface(check)->text(QAccessible::Name));
         }
         QCOMPARE(names,
             QStringList({u"Schema Validation: Passed"_s, u"Alignment: Passed"_s, u"Tokenizer Compatibility: Warning"_s,
                 u"Encoding: Passed"_s, u"Language Detection: Passed"_s}));
-        QVERIFY(screen->symbol(u"checkmark.shield.fill"_s));
-        QCOMPARE(fontOf(screen->text(u"Encoding"_s)), u"Geist Mono 12 400"_s);
+        QVERIFY(m_window->symbol(u"checkmark.shield.fill"_s));
+        QCOMPARE(fontOf(m_window->text(u"Encoding"_s)), u"Geist Mono 12 400"_s);
     }
 
     void marksACheckByItsStatus_data()
@@ -288,13 +274,13 @@ private slots:
         QFETCH(QString, symbol);
         QFETCH(QColor, color);
         open();
-        QQmlComponent component(view->engine(), QUrl(u"qrc:/qt/qml/Quillmere/Analytics/CheckItem.qml"_s));
+        QQmlComponent component(m_view->engine(), QUrl(u"qrc:/qt/qml/Quillmere/Analytics/CheckItem.qml"_s));
         const std::unique_ptr<QObject> made(
             component.createWithInitialProperties({{u"label"_s, u"Check"_s}, {u"status"_s, status}}));
         auto *check = qobject_cast<QQuickItem *>(made.get());
         QVERIFY(check);
-        check->setParentItem(view->contentItem());
-        const auto *mark = screen->symbol(symbol, check);
+        check->setParentItem(m_view->contentItem());
+        const auto *mark = m_window->symbol(symbol, check);
         QVERIFY(mark);
         QCOMPARE(mark->property("color").value<QColor>(), color);
     }
@@ -313,7 +299,7 @@ private slots:
         QFETCH(QSize, size);
         QFETCH(int, columns);
         open(size);
-        const auto *panel = screen->all(u"DataThresholdControlView"_s).first();
+        const auto *panel = m_window->all(u"DataThresholdControlView"_s).first();
         QCOMPARE(placeOf(panel), QRectF(size.width() - 320, 0, 320, size.height()));
 
         const double inner = size.width() - 320 - 48;
@@ -329,12 +315,12 @@ private slots:
         QCOMPARE(placeOf(cards().at(1)).left() - placeOf(cards().at(0)).right(), 16.0);
 
         const QRectF around = placeOf(cardAround(u"CONSISTENCY CHECKS"_s));
-        const auto checks = screen->all(u"CheckItem"_s);
+        const auto checks = m_window->all(u"CheckItem"_s);
         QCOMPARE(checks.size(), 5);
         for (const auto *check : checks) {
             QVERIFY(around.adjusted(20, 0, -19, 0).contains(placeOf(check)));
             QCOMPARE(placeOf(check).center().y(), placeOf(checks.first()).center().y());
-            for (const auto *label : screen->all(u"Label"_s, check)) {
+            for (const auto *label : m_window->all(u"Label"_s, check)) {
                 QVERIFY(placeOf(label).right() <= placeOf(check).right());
                 QVERIFY(label->property("contentWidth").toDouble() <= label->width());
             }
@@ -344,8 +330,8 @@ private slots:
     void scrollsWithinTheScreenByKeysOnly()
     {
         open(QSize(950, 400));
-        screen->press(Qt::Key_Tab);
-        screen->press(Qt::Key_End);
+        m_window->press(Qt::Key_Tab);
+        m_window->press(Qt::Key_End);
         QCOMPARE(placeOf(cardAround(u"CONSISTENCY CHECKS"_s)).bottom(), 400.0 - 24);
     }
 
@@ -354,13 +340,13 @@ private slots:
     void isNotAlteredByThePanelsControls()
     {
         open();
-        auto *overview = view->rootObject()->findChild<OverviewState *>();
+        auto *overview = m_view->rootObject()->findChild<OverviewState *>();
         const QList<ChartBar> bars = overview->tokenDistribution();
         const QStringList before = figures();
-        auto *thresholds = view->rootObject()->findChild<DataThresholdControlState *>();
-        screen->click(screen->control(QAccessible::CheckBox, u"Remove Outliers"_s));
-        screen->click(screen->control(QAccessible::Slider, u"Max Duplicates"_s));
-        screen->click(screen->control(QAccessible::RadioButton, u"End"_s));
+        auto *thresholds = m_view->rootObject()->findChild<DataThresholdControlState *>();
+        m_window->click(m_window->control(QAccessible::CheckBox, u"Remove Outliers"_s));
+        m_window->click(m_window->control(QAccessible::Slider, u"Max Duplicates"_s));
+        m_window->click(m_window->control(QAccessible::RadioButton, u"End"_s));
         QVERIFY(!thresholds->removeOutliers());
         QCOMPARE(thresholds->duplicateThreshold(), 10.0);
         settle();
@@ -371,20 +357,20 @@ private slots:
     void ticksWhileASliderIsDragged()
     {
         open();
-        auto *overview = view->rootObject()->findChild<OverviewState *>();
+        auto *overview = m_view->rootObject()->findChild<OverviewState *>();
         const QList<ChartBar> bars = overview->tokenDistribution();
-        auto *slider = screen->control(QAccessible::Slider, u"Max Duplicates"_s);
+        auto *slider = m_window->control(QAccessible::Slider, u"Max Duplicates"_s);
         const QPoint middle = placeOf(slider).center().toPoint();
-        QTest::mousePress(view.get(), Qt::LeftButton, {}, middle);
-        QTest::mouseMove(view.get(), middle + QPoint(20, 0));
-        const double held = view->rootObject()->findChild<DataThresholdControlState *>()->duplicateThreshold();
-        world->clock.advance(2s);
+        QTest::mousePress(m_view.get(), Qt::LeftButton, {}, middle);
+        QTest::mouseMove(m_view.get(), middle + QPoint(20, 0));
+        const double held = m_view->rootObject()->findChild<DataThresholdControlState *>()->duplicateThreshold();
+        m_world->clock.advance(2s);
         settle();
         QVERIFY(overview->tokenDistribution() != bars);
-        QCOMPARE(view->rootObject()->findChild<DataThresholdControlState *>()->duplicateThreshold(), held);
-        QTest::mouseMove(view.get(), middle + QPoint(40, 0));
-        QVERIFY(view->rootObject()->findChild<DataThresholdControlState *>()->duplicateThreshold() > held);
-        QTest::mouseRelease(view.get(), Qt::LeftButton, {}, middle + QPoint(40, 0));
+        QCOMPARE(m_view->rootObject()->findChild<DataThresholdControlState *>()->duplicateThreshold(), held);
+        QTest::mouseMove(m_view.get(), middle + QPoint(40, 0));
+        QVERIFY(m_view->rootObject()->findChild<DataThresholdControlState *>()->duplicateThreshold() > held);
+        QTest::mouseRelease(m_view.get(), Qt::LeftButton, {}, middle + QPoint(40, 0));
     }
 
     // Each tick is one frame, and nothing is drawn between two.
@@ -392,14 +378,14 @@ private slots:
     {
         open();
         QVERIFY(eventually([&] { return isAtRest(); }));
-        QSignalSpy frames(view.get(), &QQuickWindow::frameSwapped);
+        QSignalSpy frames(m_view.get(), &QQuickWindow::frameSwapped);
         for (int i = 0; i < 19; ++i) {
-            world->clock.advance(100ms);
+            m_world->clock.advance(100ms);
             settle();
         }
         QVERIFY(isAtRest());
         QCOMPARE(frames.size(), 0);
-        world->clock.advance(100ms);
+        m_world->clock.advance(100ms);
         QVERIFY(eventually([&] { return frames.size() == 1; }));
         QVERIFY(isAtRest());
         QCOMPARE(frames.size(), 1);
@@ -409,31 +395,27 @@ private slots:
     {
         auto overview = std::make_unique<OverviewState>();
         overview.reset();
-        world->clock.advance(2s);
+        m_world->clock.advance(2s);
         settle(); // nothing is called that is gone
         open();
-        QCOMPARE(view->rootObject()->findChildren<OverviewState *>().size(), 1);
+        QCOMPARE(m_view->rootObject()->findChildren<OverviewState *>().size(), 1);
     }
 
 private:
-    void open(QSize size = QSize(1190, 780))
-    {
-        view = openView(u"Analytics/OverviewView.qml"_s, size);
-        screen.emplace(*view);
-    }
+    void open(QSize size = QSize(1190, 780)) { ViewTest::open(u"Analytics/OverviewView.qml"_s, size); }
 
     // No frame in a tenth of a second.
     bool isAtRest()
     {
-        QSignalSpy frames(view.get(), &QQuickWindow::frameSwapped);
+        QSignalSpy frames(m_view.get(), &QQuickWindow::frameSwapped);
         return !frames.wait(100);
     }
 
-    QList<QQuickItem *> cards() const { return screen->all(u"OverviewSummaryCard"_s); }
-    QList<QQuickItem *> charts() const { return screen->all(u"BarChart"_s); }
+    QList<QQuickItem *> cards() const { return m_window->all(u"OverviewSummaryCard"_s); }
+    QList<QQuickItem *> charts() const { return m_window->all(u"BarChart"_s); }
     const QQuickItem *cardAround(const QString &title) const
     {
-        for (const auto *card : screen->all(u"ChartCard"_s)) {
+        for (const auto *card : m_window->all(u"ChartCard"_s)) {
             if (card->property("title").toString() == title) {
                 return card;
             }
@@ -446,17 +428,13 @@ private:
     {
         QStringList texts;
         for (const auto *card : cards()) {
-            texts << screen->texts(card);
+            texts << m_window->texts(card);
         }
-        for (const auto *check : screen->all(u"CheckItem"_s)) {
-            texts << screen->texts(check);
+        for (const auto *check : m_window->all(u"CheckItem"_s)) {
+            texts << m_window->texts(check);
         }
-        return texts << screen->texts(charts().at(1));
+        return texts << m_window->texts(charts().at(1));
     }
-
-    std::unique_ptr<TestEnvironment> world;
-    std::unique_ptr<QQuickView> view;
-    std::optional<Window> screen;
 };
 
 QTEST_MAIN(tst_OverviewView)

@@ -1,8 +1,7 @@
 #include "analytics/validation/ValidationCurves.h"
 #include "app/theme/Color.h"
 #include "charts/LineMarks.h"
-#include "support/TestEnvironment.h"
-#include "support/Window.h"
+#include "support/ViewTest.h"
 
 #include <QSignalSpy>
 
@@ -11,21 +10,10 @@ using namespace quillmere;
 using namespace quillmere::testing;
 using namespace std::chrono_literals;
 
-class tst_ValidationView : public QObject {
+class tst_ValidationView : public ViewTest {
     Q_OBJECT
 
 private slots:
-    void init()
-    {
-        failOnWarnings();
-        world = std::make_unique<TestEnvironment>();
-    }
-    void cleanup()
-    {
-        view.reset();
-        world.reset();
-    }
-
     void computesItsCurvesToTheLastDigit()
     {
         const auto train = ValidationCurves::trainLoss();
@@ -51,7 +39,7 @@ private slots:
     void drawsItsCurvesAsStraightLines()
     {
         open();
-        const auto marks = view->rootObject()->findChildren<LineMarks *>();
+        const auto marks = m_view->rootObject()->findChildren<LineMarks *>();
         QCOMPARE(marks.size(), 2);
         QCOMPARE(marks.at(0)->series().size(), 2);
         const auto *train = marks.at(0)->series().at(0);
@@ -74,13 +62,13 @@ private slots:
     void showsItsHeadAndBadges()
     {
         open();
-        const auto *title = screen->text(u"VALIDATION RESULTS"_s);
+        const auto *title = m_window->text(u"VALIDATION RESULTS"_s);
         QCOMPARE(fontOf(title), u"Inter 24 700"_s);
         QCOMPARE(colorOf(title), u"#ffffffff"_s);
         QStringList badges;
-        for (const auto *badge : screen->all(u"Badge"_s)) {
+        for (const auto *badge : m_window->all(u"Badge"_s)) {
             badges.append(badge->property("text").toString() + u' ' + colorOf(badge, "tint"));
-            const auto *label = screen->all(u"Label"_s, badge).first();
+            const auto *label = m_window->all(u"Label"_s, badge).first();
             QCOMPARE(fontOf(label), u"Inter 10 700"_s);
             QCOMPARE(placeOf(label).left() - placeOf(badge).left(), 6.0);
             QCOMPARE(badge->height() - label->implicitHeight(), 12.0);
@@ -92,21 +80,19 @@ private slots:
     void keepsItsLookFromItsHeadToItsMatrix()
     {
         open(QSize(1190, 900));
-        const auto *title = screen->text(u"VALIDATION RESULTS"_s);
+        const auto *title = m_window->text(u"VALIDATION RESULTS"_s);
         QCOMPARE(placeOf(title).left(), 24.0);
         const auto *head = title->parentItem()->parentItem();
         QCOMPARE(placeOf(head).top(), 24.0);
 
         const QStringList titles{u"TRAIN VS VAL LOSS"_s, u"ACCURACY CURVE"_s, u"CONFUSION MATRIX"_s};
-        const auto cards = screen->all(u"ChartCard"_s);
+        const auto cards = m_window->all(u"ChartCard"_s);
         QCOMPARE(cards.size(), 3);
         for (int i = 0; i < 3; ++i) {
             QCOMPARE(colorOf(cards[i]), u"#ff1a1a1a"_s);
             QCOMPARE(cards[i]->property("radius").toInt(), 8);
-            const auto *stroke = cards[i]->property("border").value<QObject *>();
-            QCOMPARE(stroke->property("width").toDouble(), 1.0);
-            QCOMPARE(stroke->property("color").value<QColor>(), QColor(0x33, 0x33, 0x33));
-            const auto *name = screen->text(titles[i], cards[i]);
+            QCOMPARE(strokeOf(cards[i]), u"#ff333333 1"_s);
+            const auto *name = m_window->text(titles[i], cards[i]);
             QVERIFY(name);
             QCOMPARE(fontOf(name), u"Inter 12 700"_s);
             QCOMPARE(colorOf(name), u"#ff98989d"_s);
@@ -114,10 +100,10 @@ private slots:
         }
         QCOMPARE(placeOf(cards[0]).topLeft(), QPointF(24, placeOf(head).bottom() + 24));
         QCOMPARE(placeOf(cards[1]).left() - placeOf(cards[0]).right(), 16.0);
-        QCOMPARE(placeOf(cards[1]).right(), view->width() - 24.0);
+        QCOMPARE(placeOf(cards[1]).right(), m_view->width() - 24.0);
         QCOMPARE(placeOf(cards[2]).topLeft(), QPointF(24, placeOf(cards[0]).bottom() + 24));
-        QCOMPARE(placeOf(cards[2]).right(), view->width() - 24.0);
-        const auto *figure = screen->text(u"95"_s, cards[2]);
+        QCOMPARE(placeOf(cards[2]).right(), m_view->width() - 24.0);
+        const auto *figure = m_window->text(u"95"_s, cards[2]);
         QCOMPARE(fontOf(figure), u"Inter 12 400"_s);
         QCOMPARE(colorOf(figure), u"#ffffffff"_s);
     }
@@ -125,28 +111,28 @@ private slots:
     void exportsNothing()
     {
         open();
-        const QImage before = view->grabWindow();
-        auto *button = screen->button(u"Export Report"_s);
+        const QImage before = m_view->grabWindow();
+        auto *button = m_window->button(u"Export Report"_s);
         QCOMPARE(colorOf(button, "tint"), u"#ffffffff"_s);
-        QCOMPARE(placeOf(button).right(), view->width() - 24.0);
-        screen->click(button);
-        QTest::mouseMove(view.get(), QPoint(view->width() - 1, view->height() - 1));
+        QCOMPARE(placeOf(button).right(), m_view->width() - 24.0);
+        m_window->click(button);
+        QTest::mouseMove(m_view.get(), QPoint(m_view->width() - 1, m_view->height() - 1));
         settle();
-        QVERIFY(world->urlOpener.opened.isEmpty());
-        QCOMPARE(view->grabWindow(), before);
+        QVERIFY(m_world->urlOpener.opened.isEmpty());
+        QCOMPARE(m_view->grabWindow(), before);
     }
 
     void brightensTheDiagonalOfItsMatrix()
     {
         open(QSize(1190, 900));
-        const auto *matrix = screen->all(u"ConfusionMatrix"_s).first();
-        const auto cells = screen->all(u"QQuickRectangle"_s, matrix);
+        const auto *matrix = m_window->all(u"ConfusionMatrix"_s).first();
+        const auto cells = m_window->all(u"QQuickRectangle"_s, matrix);
         QCOMPARE(cells.size(), 25);
         for (int i = 0; i < 25; ++i) {
             const auto *cell = cells.at(i);
             const bool onDiagonal = i / 5 == i % 5;
             QCOMPARE(cell->height(), 50.0);
-            QCOMPARE(screen->texts(cell), QStringList({onDiagonal ? u"95"_s : u"2"_s}));
+            QCOMPARE(m_window->texts(cell), QStringList({onDiagonal ? u"95"_s : u"2"_s}));
             QColor color = Color::faded(Color::blue(), onDiagonal ? 0.8 : 0.1);
             QCOMPARE(cell->property("color").value<QColor>(), color);
             if (i % 5 > 0) {
@@ -156,7 +142,7 @@ private slots:
                 QCOMPARE(placeOf(cell).top() - placeOf(cells.at(i - 5)).bottom(), 2.0);
             }
         }
-        const QRectF card = placeOf(screen->all(u"ChartCard"_s).last());
+        const QRectF card = placeOf(m_window->all(u"ChartCard"_s).last());
         QCOMPARE(placeOf(cells.last()).right(), card.right() - 12);
         QCOMPARE(placeOf(cells.last()).bottom(), card.bottom() - 12);
     }
@@ -172,7 +158,7 @@ private slots:
     {
         QFETCH(QSize, size);
         open(size);
-        const auto cards = screen->all(u"ChartCard"_s);
+        const auto cards = m_window->all(u"ChartCard"_s);
         QCOMPARE(cards.size(), 3);
         const QRectF one = placeOf(cards.at(0));
         const QRectF other = placeOf(cards.at(1));
@@ -182,31 +168,23 @@ private slots:
         QVERIFY(std::abs(one.width() - other.width()) <= 1);
         QCOMPARE(placeOf(cards.at(2)).width(), size.width() - 48.0);
         QCOMPARE(placeOf(cards.at(2)).top() - one.bottom(), 24.0);
-        QCOMPARE(screen->texts(cards.at(0)).contains(u"TRAIN VS VAL LOSS"_s), true);
-        QCOMPARE(screen->texts(cards.at(1)).contains(u"ACCURACY CURVE"_s), true);
-        QCOMPARE(screen->texts(cards.at(2)).contains(u"CONFUSION MATRIX"_s), true);
+        QCOMPARE(m_window->texts(cards.at(0)).contains(u"TRAIN VS VAL LOSS"_s), true);
+        QCOMPARE(m_window->texts(cards.at(1)).contains(u"ACCURACY CURVE"_s), true);
+        QCOMPARE(m_window->texts(cards.at(2)).contains(u"CONFUSION MATRIX"_s), true);
     }
 
     void givesTheSamePictureAtAnyTime()
     {
         open();
-        const QImage before = view->grabWindow();
-        world->clock.advance(10s);
+        const QImage before = m_view->grabWindow();
+        m_world->clock.advance(10s);
         settle();
-        QCOMPARE(view->grabWindow(), before);
-        QCOMPARE(world->clock.scheduledCount(), 0);
+        QCOMPARE(m_view->grabWindow(), before);
+        QCOMPARE(m_world->clock.scheduledCount(), 0);
     }
 
 private:
-    void open(QSize size = QSize(1190, 780))
-    {
-        view = openView(u"Analytics/ValidationView.qml"_s, size);
-        screen.emplace(*view);
-    }
-
-    std::unique_ptr<TestEnvironment> world;
-    std::unique_ptr<QQuickView> view;
-    std::optional<Window> screen;
+    void open(QSize size = QSize(1190, 780)) { ViewTest::open(u"Analytics/ValidationView.qml"_s, size); }
 };
 
 QTEST_MAIN(tst_ValidationView)

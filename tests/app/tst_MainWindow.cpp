@@ -28,11 +28,6 @@ const auto selected = u"#ff1f1f22"_s;
 
 const auto callback = u"com.quillmere.studio://callback#access_token=a&refresh_token=b"_s;
 
-double gapBetween(const QQuickItem *upper, const QQuickItem *lower)
-{
-    return placeOf(lower).top() - placeOf(upper).bottom();
-}
-
 AuthManager &auth()
 {
     return AuthManager::shared();

@@ -1,32 +1,16 @@
 #include "app/theme/Color.h"
 #include "app/theme/Theme.h"
 #include "identity/AuthManager.h"
-#include "support/TestEnvironment.h"
-#include "support/Window.h"
+#include "support/ViewTest.h"
 
 #include <QTest>
 
 using namespace Qt::StringLiterals;
+using namespace quillmere::testing;
 
 namespace quillmere {
 
-using testing::colorOf;
-using testing::fontOf;
-using testing::placeOf;
-using testing::TestEnvironment;
-using testing::Window;
-
 namespace {
-
-QRectF placeIn(const QQuickItem *item, const QQuickItem *in)
-{
-    return item->mapRectToItem(in, QRectF(0, 0, item->width(), item->height()));
-}
-
-QString word(const QColor &color)
-{
-    return color.name(QColor::HexArgb);
-}
 
 const QString gray = word(Color::gray());
 const QString white = u"#ffffffff"_s;
@@ -34,20 +18,11 @@ const QString panel = word(Color::faded(Qt::white, 0.05));
 
 } // namespace
 
-class tst_UserProfileView : public QObject {
+class tst_UserProfileView : public ViewTest {
     Q_OBJECT
 
 private:
-    std::unique_ptr<TestEnvironment> m_world;
-    std::unique_ptr<QQuickView> m_view;
-    std::unique_ptr<Window> m_window;
-
-    void open(QSize size = {980, 760})
-    {
-        testing::failOnWarnings();
-        m_view = testing::openView(u"Identity/UserProfileView.qml"_s, size);
-        m_window = std::make_unique<Window>(*m_view);
-    }
+    void open(QSize size = {980, 760}) { ViewTest::open(u"Identity/UserProfileView.qml"_s, size); }
 
     QQuickItem *text(const QString &text) const { return m_window->text(text); }
 
@@ -66,14 +41,6 @@ private:
     }
 
 private slots:
-    void init() { m_world = std::make_unique<TestEnvironment>(); }
-    void cleanup()
-    {
-        m_window.reset();
-        m_view.reset();
-        m_world.reset();
-    }
-
     void isTheSameForNobody()
     {
         open();
@@ -112,7 +79,7 @@ private slots:
         m_window->click(m_window->button(button));
         QTest::mouseMove(m_view.get(), QPoint(979, 759));
         showsEverything();
-        QVERIFY(QTest::qWaitFor([&] { return m_view->grabWindow() == before; }));
+        QVERIFY(eventually([&] { return m_view->grabWindow() == before; }));
         QVERIFY(m_world->urlOpener.opened.isEmpty());
         QVERIFY(m_world->service.requests().isEmpty());
         QCOMPARE(m_world->clock.scheduledCount(), 0);

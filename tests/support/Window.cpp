@@ -193,15 +193,46 @@ QRectF placeOf(const QQuickItem *item)
     return given(item).mapRectToScene(QRectF(0, 0, item->width(), item->height()));
 }
 
+QRectF placeIn(const QQuickItem *item, const QQuickItem *in)
+{
+    return given(item).mapRectToItem(in, QRectF(0, 0, item->width(), item->height()));
+}
+
+double gapAcross(const QQuickItem *left, const QQuickItem *right)
+{
+    return placeOf(right).left() - placeOf(left).right();
+}
+
+double gapBetween(const QQuickItem *upper, const QQuickItem *lower)
+{
+    return placeOf(lower).top() - placeOf(upper).bottom();
+}
+
 QString fontOf(const QQuickItem *text)
 {
     const QFont font = given(text).property("font").value<QFont>();
     return u"%1 %2 %3"_s.arg(font.family()).arg(font.pixelSize()).arg(int(font.weight()));
 }
 
+QString word(const QColor &color)
+{
+    return color.name(QColor::HexArgb);
+}
+
 QString colorOf(const QQuickItem *item, const char *property)
 {
-    return given(item).property(property).value<QColor>().name(QColor::HexArgb);
+    return word(given(item).property(property).value<QColor>());
+}
+
+QString strokeOf(const QQuickItem *box)
+{
+    const auto *border = given(box).property("border").value<QObject *>();
+    return u"%1 %2"_s.arg(word(border->property("color").value<QColor>())).arg(border->property("width").toDouble());
+}
+
+double radiusOf(const QQuickItem *box)
+{
+    return given(box).property("radius").toDouble();
 }
 
 QQuickItem *backgroundOf(const QQuickItem *control)
@@ -215,6 +246,11 @@ QSizeF paddingOf(const QQuickItem *control)
     const QPointF start = placeOf(content).topLeft() - placeOf(control).topLeft();
     const QPointF end = placeOf(control).bottomRight() - placeOf(content).bottomRight();
     return start == end ? QSizeF(start.x(), start.y()) : QSizeF();
+}
+
+QAccessibleInterface *accessible(QQuickItem *item)
+{
+    return QAccessible::queryAccessibleInterface(item);
 }
 
 } // namespace quillmere::testing

@@ -49,13 +49,24 @@ void failOnWarnings();
 
 // In the window, in points.
 QRectF placeOf(const QQuickItem *item);
+// Seen from another item, in its points.
+QRectF placeIn(const QQuickItem *item, const QQuickItem *in);
+// From the end of one item to the start of the next, across and down.
+double gapAcross(const QQuickItem *left, const QQuickItem *right);
+double gapBetween(const QQuickItem *upper, const QQuickItem *lower);
 // A font in words, "Inter 14 500": family, size in points, weight.
 QString fontOf(const QQuickItem *text);
 // A colour in words, "#ff09090b".
+QString word(const QColor &color);
 QString colorOf(const QQuickItem *item, const char *property = "color");
+// A rectangle's outline in words, "#ff27272a 1": colour, width in points.
+QString strokeOf(const QQuickItem *box);
+double radiusOf(const QQuickItem *box);
 // What stands behind a control.
 QQuickItem *backgroundOf(const QQuickItem *control);
 // Between a control's edges and its content, across and down; invalid where the two sides differ.
 QSizeF paddingOf(const QQuickItem *control);
+// What assistive programs are told of an item.
+QAccessibleInterface *accessible(QQuickItem *item);
 
 } // namespace quillmere::testing

@@ -1,7 +1,6 @@
 #include "app/theme/Color.h"
 #include "app/theme/Theme.h"
-#include "support/PlatformEnvironment.h"
-#include "support/Window.h"
+#include "support/ViewTest.h"
 
 #include <QClipboard>
 #include <QEasingCurve>
@@ -14,15 +13,9 @@
 
 using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
+using namespace quillmere::testing;
 
 namespace quillmere {
-
-using testing::colorOf;
-using testing::eventually;
-using testing::fontOf;
-using testing::placeOf;
-using testing::PlatformEnvironment;
-using testing::Window;
 
 namespace {
 
@@ -36,26 +29,13 @@ QString replyTo(const QString &text)
         + u"\". This is a simulated response from your fine-tuned model. In production, this would connect to your actual AI model API."_s;
 }
 
-QString word(const QColor &color)
-{
-    return color.name(QColor::HexArgb);
-}
-
 } // namespace
 
-class tst_ChatView : public QObject {
+class tst_ChatView : public ViewTest {
     Q_OBJECT
 
 private:
-    std::unique_ptr<PlatformEnvironment> m_world;
-    std::unique_ptr<QQuickView> m_view;
-    std::unique_ptr<Window> m_window;
-
-    void open(QSize size = {980, 760})
-    {
-        m_view = testing::openView(u"Tools/ChatView.qml"_s, size);
-        m_window = std::make_unique<Window>(*m_view);
-    }
+    void open(QSize size = {980, 760}) { ViewTest::open(u"Tools/ChatView.qml"_s, size); }
 
     QQuickItem *list() const { return m_window->all(u"MessageList"_s).value(0); }
     QList<QQuickItem *> rows() const { return m_window->all(u"ChatMessageRow"_s); }
@@ -82,12 +62,12 @@ private:
         input()->setProperty("text", text);
         m_window->click(input());
         m_window->press(Qt::Key_Return);
-        testing::settle();
+        settle();
     }
     void reply()
     {
         m_world->clock.advance(1s);
-        testing::settle();
+        settle();
     }
     // The last row ends at the lower edge of the list.
     bool isAtEnd() const
@@ -100,15 +80,12 @@ private:
 private slots:
     void init()
     {
-        testing::failOnWarnings();
         QLocale::setDefault(QLocale(QLocale::German, QLocale::Germany));
-        m_world = std::make_unique<PlatformEnvironment>();
+        ViewTest::init();
     }
     void cleanup()
     {
-        m_window.reset();
-        m_view.reset();
-        m_world.reset();
+        ViewTest::cleanup();
         QLocale::setDefault(QLocale::c());
     }
 
@@ -349,7 +326,7 @@ private slots:
         const QStringList before = m_window->texts();
         m_window->click(m_window->button(u"Attach"_s));
         m_world->clock.advance(2s);
-        testing::settle();
+        settle();
         QCOMPARE(m_window->texts(), before);
         QCOMPARE(QGuiApplication::topLevelWindows().size(), 1);
         QCOMPARE(count(), 1);
@@ -522,7 +499,7 @@ private slots:
         const qint64 pasted = watch.restart();
         QCOMPARE(typed().size(), content.size());
         m_window->press(Qt::Key_Return);
-        testing::settle();
+        settle();
         m_view->grabWindow();
         const qint64 sent = watch.restart();
         QCOMPARE(count(), 2);
@@ -598,14 +575,14 @@ private slots:
         const auto *model = modelButton();
         QCOMPARE(colorOf(model, "fillColor"), word(Color::faded(Color::blue(), 0.1)));
         QCOMPARE(model->property("radius").toInt(), 8);
-        QCOMPARE(testing::paddingOf(model), QSizeF(16, 8));
+        QCOMPARE(paddingOf(model), QSizeF(16, 8));
         QCOMPARE(m_window->symbol(u"brain.head.profile"_s, model)->property("size").toInt(), 14);
         QCOMPARE(m_window->symbol(u"chevron.down"_s, model)->property("size").toInt(), 10);
         QCOMPARE(fontOf(text(u"GPT-4 Custom"_s, model)), u"Inter 13 500"_s);
 
         const auto *reset = m_window->button(u"Reset conversation"_s);
         QCOMPARE(m_window->symbol(u"arrow.clockwise"_s, reset)->property("size").toInt(), 14);
-        QCOMPARE(testing::paddingOf(reset), QSizeF(8, 8));
+        QCOMPARE(paddingOf(reset), QSizeF(8, 8));
         QCOMPARE(colorOf(reset, "fillColor"), word(Theme::controlBackground()));
         QCOMPARE(reset->property("radius").toInt(), 6);
         QCOMPARE(placeOf(reset).right(), 980 - 24.0);

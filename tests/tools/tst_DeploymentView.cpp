@@ -1,7 +1,6 @@
 #include "app/theme/Color.h"
 #include "app/theme/Theme.h"
-#include "support/PlatformEnvironment.h"
-#include "support/Window.h"
+#include "support/ViewTest.h"
 
 #include <QClipboard>
 #include <QElapsedTimer>
@@ -12,32 +11,15 @@
 
 using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
+using namespace quillmere::testing;
 
 namespace quillmere {
-
-using testing::colorOf;
-using testing::eventually;
-using testing::fontOf;
-using testing::placeOf;
-using testing::PlatformEnvironment;
-using testing::Window;
 
 namespace {
 
 const QStringList versions{u"v1.2.0"_s, u"v1.1.5"_s, u"v1.0.0"_s};
 const auto waiting = u"Waiting for generation..."_s;
 const auto answer = u"Quantum computing uses quantum bits or qubits..."_s;
-
-QString word(const QColor &color)
-{
-    return color.name(QColor::HexArgb);
-}
-
-QString strokeOf(const QQuickItem *item)
-{
-    const auto *border = item->property("border").value<QObject *>();
-    return u"%1 %2"_s.arg(word(border->property("color").value<QColor>())).arg(border->property("width").toInt());
-}
 
 const QString gray = word(Color::gray());
 const QString white = u"#ffffffff"_s;
@@ -46,19 +28,11 @@ const QString line = u"#ff333333 1"_s;
 
 } // namespace
 
-class tst_DeploymentView : public QObject {
+class tst_DeploymentView : public ViewTest {
     Q_OBJECT
 
 private:
-    std::unique_ptr<PlatformEnvironment> m_world;
-    std::unique_ptr<QQuickView> m_view;
-    std::unique_ptr<Window> m_window;
-
-    void open(QSize size = {980, 760})
-    {
-        m_view = testing::openView(u"Tools/DeploymentView.qml"_s, size);
-        m_window = std::make_unique<Window>(*m_view);
-    }
+    void open(QSize size = {980, 760}) { ViewTest::open(u"Tools/DeploymentView.qml"_s, size); }
 
     QList<QQuickItem *> rows() const { return m_window->all(u"DeploymentRow"_s); }
     QQuickItem *row(const QString &version) const { return rows().value(versions.indexOf(version)); }
@@ -97,18 +71,6 @@ private:
     }
 
 private slots:
-    void init()
-    {
-        testing::failOnWarnings();
-        m_world = std::make_unique<PlatformEnvironment>();
-    }
-    void cleanup()
-    {
-        m_window.reset();
-        m_view.reset();
-        m_world.reset();
-    }
-
     // What can be done.
 
     void opensWithTheNewestVersionHighlightedAndNoAnswer()
@@ -116,7 +78,7 @@ private slots:
         open();
         QCOMPARE(highlighted(), QStringList{u"v1.2.0"_s});
         for (const auto *row : rows()) {
-            QCOMPARE(colorOf(testing::backgroundOf(row)->childItems().value(0)), fillOf(row));
+            QCOMPARE(colorOf(backgroundOf(row)->childItems().value(0)), fillOf(row));
         }
         QVERIFY(text(waiting));
         QCOMPARE(colorOf(text(waiting)), gray);
@@ -164,7 +126,7 @@ private slots:
         m_window->click(m_window->button(button));
         m_window->press(Qt::Key_Space);
         m_world->clock.advance(2s);
-        testing::settle();
+        settle();
         QCOMPARE(m_window->texts(), before);
         QCOMPARE(highlighted(), QStringList{u"v1.2.0"_s});
         QCOMPARE(m_world->clock.scheduledCount(), 0);
@@ -319,8 +281,7 @@ private slots:
         m_window->click(run());
         m_world->clock.advance(1s);
         QVERIFY(text(answer));
-        m_window.reset();
-        m_view.reset();
+        close();
         open();
         QCOMPARE(highlighted(), QStringList{u"v1.2.0"_s});
         QVERIFY(text(waiting));
@@ -346,7 +307,7 @@ private slots:
         for (const QString &version : {u"v1.1.5"_s, u"v1.0.0"_s, u"v1.2.0"_s}) {
             m_window->click(row(version));
             QTest::mouseMove(m_view.get(), QPoint(5, 700));
-            testing::settle();
+            settle();
             const QImage shown = m_view->grabWindow();
             for (const auto *divider : m_window->all(u"Divider"_s, registry)) {
                 const QPointF place = placeOf(divider).topLeft();
@@ -486,7 +447,7 @@ private slots:
         QCOMPARE(placeOf(text(title, button)).top() - placeOf(symbol).bottom(), 8.0);
         QCOMPARE(placeOf(symbol).top() - placeOf(button).top(), 16.0);
         QCOMPARE(placeOf(button).bottom() - placeOf(text(title, button)).bottom(), 16.0);
-        const auto *ground = testing::backgroundOf(button);
+        const auto *ground = backgroundOf(button);
         QCOMPARE(colorOf(ground), u"#ff1a1a1a"_s);
         QCOMPARE(ground->property("radius").toInt(), 8);
         QCOMPARE(strokeOf(ground), line);
@@ -538,7 +499,7 @@ private slots:
         QCOMPARE(colorOf(text(u"RUN INFERENCE"_s)), u"#ff000000"_s);
         QCOMPARE(fontOf(text(u"RUN INFERENCE"_s)), u"Inter 11 700"_s);
         QCOMPARE(run()->property("radius").toInt(), 4);
-        QCOMPARE(testing::paddingOf(run()), QSizeF(12, 12));
+        QCOMPARE(paddingOf(run()), QSizeF(12, 12));
 
         // 20 between all of its parts, down to the button.
         const QList<QQuickItem *> parts = run()->parentItem()->childItems();

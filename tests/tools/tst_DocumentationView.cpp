@@ -1,7 +1,6 @@
 #include "app/theme/Color.h"
 #include "app/theme/Theme.h"
-#include "support/PlatformEnvironment.h"
-#include "support/Window.h"
+#include "support/ViewTest.h"
 #include "tools/documentation/DocCategories.h"
 
 #include <QFile>
@@ -9,15 +8,11 @@
 
 using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
+using namespace quillmere::testing;
 
 namespace quillmere {
 
 using DocumentationVocabulary::DocCategory;
-using testing::colorOf;
-using testing::fontOf;
-using testing::placeOf;
-using testing::PlatformEnvironment;
-using testing::Window;
 
 namespace {
 
@@ -35,17 +30,6 @@ const auto tertiary = u"#ff71717a"_s;
 const auto clear = u"#00000000"_s;
 const auto line = u"#ff27272a 1"_s;
 
-QString word(const QColor &color)
-{
-    return color.name(QColor::HexArgb);
-}
-
-QString strokeOf(const QQuickItem *item)
-{
-    const auto *border = item->property("border").value<QObject *>();
-    return u"%1 %2"_s.arg(word(border->property("color").value<QColor>())).arg(border->property("width").toInt());
-}
-
 QStringList properties(const QQuickItem *item, std::initializer_list<const char *> names)
 {
     QStringList values;
@@ -57,18 +41,13 @@ QStringList properties(const QQuickItem *item, std::initializer_list<const char 
 
 } // namespace
 
-class tst_DocumentationView : public QObject {
+class tst_DocumentationView : public ViewTest {
     Q_OBJECT
 
 private:
-    std::unique_ptr<PlatformEnvironment> m_world;
-    std::unique_ptr<QQuickView> m_view;
-    std::unique_ptr<Window> m_window;
-
     void open(const QString &category = {}, QSize size = {980, 760})
     {
-        m_view = testing::openView(u"Tools/DocumentationView.qml"_s, size);
-        m_window = std::make_unique<Window>(*m_view);
+        ViewTest::open(u"Tools/DocumentationView.qml"_s, size);
         if (!category.isEmpty()) {
             m_window->click(row(category));
         }
@@ -115,18 +94,6 @@ private:
     }
 
 private slots:
-    void init()
-    {
-        testing::failOnWarnings();
-        m_world = std::make_unique<PlatformEnvironment>();
-    }
-    void cleanup()
-    {
-        m_window.reset();
-        m_view.reset();
-        m_world.reset();
-    }
-
     void tellsEachCategory_data()
     {
         QTest::addColumn<DocCategory>("category");
@@ -210,7 +177,7 @@ private slots:
             m_window->type(typed);
             m_window->press(Qt::Key_Return);
             m_world->clock.advance(2s);
-            testing::settle();
+            settle();
             QStringList now = m_window->texts();
             QCOMPARE(selected(), QStringList{u"Models"_s});
             QStringList expected = before;
@@ -308,7 +275,7 @@ private slots:
         QCOMPARE(colorOf(m_window->symbol(icon, link)), tertiary);
         QCOMPARE(placeOf(text(title, link)).left() - placeOf(m_window->symbol(icon, link)).right(), 12.0);
         QCOMPARE(m_window->symbol(u"arrow.up.right"_s, link)->property("size").toInt(), 10);
-        QCOMPARE(testing::paddingOf(link), QSizeF(16, 8));
+        QCOMPARE(paddingOf(link), QSizeF(16, 8));
     }
 
     void ignoresALinkWhoseTextIsNoUrl()
@@ -316,7 +283,7 @@ private slots:
         m_world->environment.hosts.sourcePage = u"not a url"_s;
         open();
         m_window->click(m_window->control(QAccessible::Link, u"GitHub"_s));
-        testing::settle();
+        settle();
         QVERIFY(m_world->urlOpener.opened.isEmpty());
     }
 
@@ -326,7 +293,7 @@ private slots:
         open();
         const QStringList before = m_window->texts();
         m_window->click(m_window->control(QAccessible::Link, u"Discord"_s));
-        testing::settle();
+        settle();
         QCOMPARE(m_window->texts(), before);
     }
 
@@ -335,8 +302,7 @@ private slots:
         open(u"Models"_s);
         m_window->click(search());
         m_window->type(u"lora"_s);
-        m_window.reset();
-        m_view.reset();
+        close();
         open();
         QCOMPARE(selected(), QStringList{u"Getting Started"_s});
         QCOMPARE(search()->property("text").toString(), QString());
@@ -374,7 +340,7 @@ private slots:
             QCOMPARE(colorOf(icon), content);
             QCOMPARE(icon->property("size").toInt(), 14);
             QCOMPARE(icon->width(), 20.0);
-            QCOMPARE(testing::paddingOf(item), QSizeF(16, 10));
+            QCOMPARE(paddingOf(item), QSizeF(16, 10));
             QCOMPARE(item->property("radius").toInt(), 8);
             QCOMPARE(colorOf(item, "fillColor"),
                 category == u"Datasets"_s ? word(Color::faded(Theme::accent(), 0.2)) : clear);

@@ -1,6 +1,5 @@
 #include "app/theme/Color.h"
-#include "support/TestEnvironment.h"
-#include "support/Window.h"
+#include "support/ViewTest.h"
 #include "tools/wizard/SimplifiedFineTuningState.h"
 
 #include <QDragEnterEvent>
@@ -9,41 +8,15 @@
 
 using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
+using namespace quillmere::testing;
 
 namespace quillmere {
 
-using testing::colorOf;
-using testing::eventually;
-using testing::fontOf;
-using testing::placeOf;
-using testing::TestEnvironment;
-using testing::Window;
-
 namespace {
-
-QRectF placeIn(const QQuickItem *item, const QQuickItem *in)
-{
-    return item->mapRectToItem(in, QRectF(0, 0, item->width(), item->height()));
-}
-
-QString word(const QColor &color)
-{
-    return color.name(QColor::HexArgb);
-}
 
 QString white(double opacity)
 {
     return word(Color::faded(Qt::white, opacity));
-}
-
-QColor strokeOf(const QQuickItem *item)
-{
-    return item->property("border").value<QObject *>()->property("color").value<QColor>();
-}
-
-double strokeWidthOf(const QQuickItem *item)
-{
-    return item->property("border").value<QObject *>()->property("width").toDouble();
 }
 
 const QStringList sources{u"Upload File"_s, u"Sample Dataset"_s, u"Import URL"_s, u"Database"_s};
@@ -56,20 +29,12 @@ const QString opaqueWhite = u"#ffffffff"_s;
 
 } // namespace
 
-class tst_SimplifiedFineTuningView : public QObject {
+class tst_SimplifiedFineTuningView : public ViewTest {
     Q_OBJECT
 
 private:
-    std::unique_ptr<TestEnvironment> m_world;
-    std::unique_ptr<QQuickView> m_view;
-    std::unique_ptr<Window> m_window;
-
-    void open(const QString &file = u"Tools/SimplifiedFineTuningView.qml"_s, QSize size = {980, 760})
-    {
-        testing::failOnWarnings();
-        m_view = testing::openView(file, size);
-        m_window = std::make_unique<Window>(*m_view);
-    }
+    using ViewTest::open;
+    void open() { open(u"Tools/SimplifiedFineTuningView.qml"_s, {980, 760}); }
 
     // A button or a card.
     QQuickItem *control(const QString &name) const
@@ -90,10 +55,7 @@ private:
     }
 
     QQuickItem *dropZone() const { return m_window->all(u"quillmere::DashedFrame"_s).value(0); }
-    QQuickItem *background(const QString &name) const
-    {
-        return testing::backgroundOf(control(name))->childItems().value(0);
-    }
+    QQuickItem *background(const QString &name) const { return backgroundOf(control(name))->childItems().value(0); }
     bool isChosen(const QString &name) const
     {
         return QAccessible::queryAccessibleInterface(control(name))->state().checked;
@@ -129,14 +91,6 @@ private:
     bool showsSuccess() const { return text(u"Training Started!"_s) != nullptr; }
 
 private slots:
-    void init() { m_world = std::make_unique<TestEnvironment>(); }
-    void cleanup()
-    {
-        m_window.reset();
-        m_view.reset();
-        m_world.reset();
-    }
-
     // What can be done.
 
     void opensOnUploadWithItsZoneAndContinueShut()
@@ -420,7 +374,7 @@ private slots:
         goTo(step);
         auto *card = control(name);
         QCOMPARE(card->scale(), 1.0);
-        QCOMPARE(word(strokeOf(background(name))), white(0.05));
+        QCOMPARE(strokeOf(background(name)), white(0.05) + u" 1"_s);
         m_window->hover(card);
         QVERIFY(eventually([&] { return card->scale() == scale; }));
         QVERIFY(card->property("isHovering").toBool());
@@ -429,14 +383,12 @@ private slots:
         QVERIFY(qAbs(grown.width() - card->width() * scale) <= 1);
         QCOMPARE(grown.center(), placeOf(card).center());
         QCOMPARE(grown, QRectF(grown.toRect()));
-        QCOMPARE(word(strokeOf(background(name))), white(0.1));
-        QCOMPARE(strokeWidthOf(background(name)), 1.0);
+        QCOMPARE(strokeOf(background(name)), white(0.1) + u" 1"_s);
         m_window->click(card);
-        QCOMPARE(word(strokeOf(background(name))), blue);
-        QCOMPARE(strokeWidthOf(background(name)), 2.0);
+        QCOMPARE(strokeOf(background(name)), blue + u" 2"_s);
         QTest::mouseMove(m_view.get(), QPoint(5, 5));
         QVERIFY(eventually([&] { return card->scale() == 1.0; }));
-        QCOMPARE(word(strokeOf(background(name))), blue);
+        QCOMPARE(strokeOf(background(name)), blue + u" 2"_s);
     }
 
     void keepsItsLookAroundItsSteps()
@@ -682,8 +634,7 @@ private slots:
         auto *box = heading->parentItem()->parentItem();
         QCOMPARE(colorOf(box), white(0.03));
         QCOMPARE(box->property("radius").toInt(), 12);
-        QCOMPARE(word(strokeOf(box)), white(0.1));
-        QCOMPARE(strokeWidthOf(box), 1.0);
+        QCOMPARE(strokeOf(box), white(0.1) + u" 1"_s);
         QCOMPARE(placeOf(box).top(), placeOf(cards.at(2)).bottom() + 24);
         for (auto *row : m_window->all(u"SettingRow"_s)) {
             auto *label = m_window->text(row->property("label").toString(), row);
@@ -719,7 +670,7 @@ private slots:
             QCOMPARE(fontOf(value), u"Open Runde 14 600"_s);
             QCOMPARE(colorOf(value), opaqueWhite);
             QCOMPARE(colorOf(card), white(0.03));
-            QCOMPARE(word(strokeOf(card)), white(0.05));
+            QCOMPARE(strokeOf(card), white(0.05) + u" 1"_s);
             QCOMPARE(card->property("radius").toInt(), 12);
             if (i > 0) {
                 QCOMPARE(placeOf(card).top(), placeOf(cards.at(i - 1)).bottom() + 16);
@@ -801,7 +752,7 @@ private slots:
         click(u"Close"_s);
         QVERIFY(eventually([&] { return text(u"Fine-Tune Wizard"_s) == nullptr; }));
         m_world->clock.advance(2s);
-        testing::settle();
+        settle();
         QVERIFY(!showsSuccess());
     }
 };

@@ -3,8 +3,7 @@
 #include "app/theme/Color.h"
 #include "charts/ArcGauge.h"
 #include "platform/ProcessMemory.h"
-#include "support/TestEnvironment.h"
-#include "support/Window.h"
+#include "support/ViewTest.h"
 
 #include <QTest>
 
@@ -12,42 +11,25 @@
 
 using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
+using namespace quillmere::testing;
 
 namespace quillmere {
 
-using testing::colorOf;
-using testing::eventually;
-using testing::fontOf;
-using testing::placeOf;
-using testing::TestEnvironment;
-using testing::Window;
-
 namespace {
-
-QString word(const QColor &color)
-{
-    return color.name(QColor::HexArgb);
-}
 
 const QString gray = word(Color::gray());
 const QString white = u"#ffffffff"_s;
 
 } // namespace
 
-class tst_GaugeAnalyticsDashboardView : public QObject {
+class tst_GaugeAnalyticsDashboardView : public ViewTest {
     Q_OBJECT
 
 private:
-    std::unique_ptr<TestEnvironment> m_world;
-    std::unique_ptr<QQuickView> m_view;
-    std::unique_ptr<Window> m_window;
-
     void open(QSize size = {1000, 1300})
     {
-        testing::failOnWarnings();
-        m_view = testing::openView(u"Analytics/GaugeAnalyticsDashboardView.qml"_s, size);
+        ViewTest::open(u"Analytics/GaugeAnalyticsDashboardView.qml"_s, size);
         m_view->setColor(Qt::black);
-        m_window = std::make_unique<Window>(*m_view);
         QVERIFY(eventually([&] { return gauges().size() == 14 && arc(0)->drawings() > 0; }));
     }
 
@@ -80,18 +62,10 @@ private:
     void nextFrame()
     {
         m_view->update();
-        QVERIFY(QTest::qWaitFor([&] { return !m_view->grabWindow().isNull(); }));
+        QVERIFY(eventually([&] { return !m_view->grabWindow().isNull(); }));
     }
 
 private slots:
-    void init() { m_world = std::make_unique<TestEnvironment>(); }
-    void cleanup()
-    {
-        m_window.reset();
-        m_view.reset();
-        m_world.reset();
-    }
-
     void showsFourteenGaugesInFourSections()
     {
         open();
@@ -178,8 +152,7 @@ private slots:
         QVERIFY(eventually([&] { return gauge->scale() == 1.02; }));
         QCOMPARE(colorOf(name), white);
         QCOMPARE(colorOf(m_window->symbol(u"memorychip.fill"_s, gauge)), white);
-        QCOMPARE(panelOf(gauge)->property("border").value<QObject *>()->property("color").value<QColor>(),
-            Color::faded(Qt::white, 0.1));
+        QCOMPARE(strokeOf(panelOf(gauge)), word(Color::faded(Qt::white, 0.1)) + u" 1"_s);
         m_window->hover(this->gauge(u"Disk I/O"_s));
         QVERIFY(eventually([&] { return gauge->scale() == 1.0; }));
         QCOMPARE(colorOf(name), gray);
@@ -247,8 +220,7 @@ private slots:
         auto *panel = panelOf(gauge);
         QCOMPARE(panel->property("radius").toInt(), 20);
         QCOMPARE(colorOf(panel), word(Color::faded(Qt::white, 0.03)));
-        QCOMPARE(panel->property("border").value<QObject *>()->property("color").value<QColor>(),
-            Color::faded(Qt::white, 0.05));
+        QCOMPARE(strokeOf(panel), word(Color::faded(Qt::white, 0.05)) + u" 1"_s);
         QCOMPARE(arc(0)->height(), 100.0);
         QCOMPARE(arc(0)->strokeWidth(), 8.0);
         QCOMPARE(arc(0)->glow(), 6.0);
@@ -294,8 +266,7 @@ private slots:
         open();
         m_world->clock.advance(20s);
         QVERIFY(state().gpuTemp() != 65);
-        m_window.reset();
-        m_view.reset();
+        close();
         QCOMPARE(m_world->clock.scheduledCount(), 0);
         open();
         QCOMPARE(state().gpuTemp(), 65.0);
@@ -313,10 +284,10 @@ private slots:
             }
         };
         pass(1200);
-        if (!testing::memoryIsMeasurable) {
+        if (!memoryIsMeasurable) {
             QSKIP("Memory cannot be measured under a sanitizer.");
         }
-        const testing::PeakMemory memory;
+        const PeakMemory memory;
         pass(7200);
         QVERIFY2(memory.growth() < 1024 * 1024, qPrintable(QString::number(memory.growth())));
     }

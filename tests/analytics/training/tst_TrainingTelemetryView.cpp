@@ -2,8 +2,7 @@
 #include "analytics/training/TrainingTelemetryState.h"
 #include "app/theme/Color.h"
 #include "platform/ProcessMemory.h"
-#include "support/TestEnvironment.h"
-#include "support/Window.h"
+#include "support/ViewTest.h"
 
 #include <QTest>
 
@@ -11,41 +10,24 @@
 
 using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
+using namespace quillmere::testing;
 
 namespace quillmere {
 
-using testing::colorOf;
-using testing::eventually;
-using testing::fontOf;
-using testing::placeOf;
-using testing::TestEnvironment;
-using testing::Window;
-
 namespace {
-
-QString word(const QColor &color)
-{
-    return color.name(QColor::HexArgb);
-}
 
 const QString gray = word(Color::gray());
 
 } // namespace
 
-class tst_TrainingTelemetryView : public QObject {
+class tst_TrainingTelemetryView : public ViewTest {
     Q_OBJECT
 
 private:
-    std::unique_ptr<TestEnvironment> m_world;
-    std::unique_ptr<QQuickView> m_view;
-    std::unique_ptr<Window> m_window;
-
     void open(bool full = false, QSize size = {1220, 760})
     {
-        testing::failOnWarnings();
-        m_view = testing::openView(u"Analytics/TrainingTelemetryView.qml"_s, size);
+        ViewTest::open(u"Analytics/TrainingTelemetryView.qml"_s, size);
         m_view->setColor(Qt::black);
-        m_window = std::make_unique<Window>(*m_view);
         setFull(full);
     }
     void setFull(bool full) { m_view->rootObject()->setProperty("isFullTelemetry", full); }
@@ -54,7 +36,7 @@ private:
     void pass(int seconds)
     {
         m_world->clock.advance(std::chrono::seconds(seconds));
-        testing::settle();
+        settle();
     }
 
     // Title, value and trend of each card, in order.
@@ -95,14 +77,6 @@ private:
     }
 
 private slots:
-    void init() { m_world = std::make_unique<TestEnvironment>(); }
-    void cleanup()
-    {
-        m_window.reset();
-        m_view.reset();
-        m_world.reset();
-    }
-
     void showsFourCardsAndTheLossChartInCompactMode()
     {
         open();
@@ -286,8 +260,7 @@ private slots:
         open();
         pass(60);
         state().setLearningRate(0.001);
-        m_window.reset();
-        m_view.reset();
+        close();
         // The manager's own timer goes on.
         QCOMPARE(m_world->clock.scheduledCount(), 1);
         open();
@@ -303,7 +276,7 @@ private slots:
         QCOMPARE(placeOf(card).topLeft(), QPointF(24, 24));
         QCOMPARE(colorOf(card), u"#ff1a1a1a"_s);
         QCOMPARE(card->property("radius").toInt(), 8);
-        QCOMPARE(word(card->property("border").value<QObject *>()->property("color").value<QColor>()), u"#ff333333"_s);
+        QCOMPARE(strokeOf(card), u"#ff333333 1"_s);
         auto *title = m_window->text(u"TRAIN LOSS"_s);
         auto *value = m_window->text(u"0.421"_s);
         auto *trend = m_window->text(u"-0.02"_s);
@@ -368,10 +341,10 @@ private slots:
             }
         };
         run(600);
-        if (!testing::memoryIsMeasurable) {
+        if (!memoryIsMeasurable) {
             QSKIP("Memory cannot be measured under a sanitizer.");
         }
-        const testing::PeakMemory memory;
+        const PeakMemory memory;
         run(3600);
         QVERIFY2(memory.growth() < 1024 * 1024, qPrintable(QString::number(memory.growth())));
     }

@@ -1,7 +1,6 @@
 #include "app/theme/Color.h"
 #include "platform/Environment.h"
-#include "support/TestEnvironment.h"
-#include "support/Window.h"
+#include "support/ViewTest.h"
 #include "tools/agents/AgentsState.h"
 
 #include <QClipboard>
@@ -21,11 +20,6 @@ namespace {
 constexpr QSize viewSize(1100, 700);
 constexpr double inspectorWidth = 300;
 const QColor ground(0x11, 0x11, 0x11);
-
-QString word(const QColor &color)
-{
-    return color.name(QColor::HexArgb);
-}
 
 QString white(double opacity)
 {
@@ -51,20 +45,15 @@ const QColor line = over(ground, Color::faded(Color::gray(), 0.5));
 
 } // namespace
 
-class tst_AgentsView : public QObject {
+class tst_AgentsView : public ViewTest {
     Q_OBJECT
 
 private:
-    std::unique_ptr<TestEnvironment> m_world;
-    std::unique_ptr<QQuickView> m_view;
-    std::unique_ptr<Window> m_window;
     AgentsState *m_agents = nullptr;
 
     void open()
     {
-        failOnWarnings();
-        m_view = openView(u"Tools/AgentsView.qml"_s, viewSize);
-        m_window = std::make_unique<Window>(*m_view);
+        ViewTest::open(u"Tools/AgentsView.qml"_s, viewSize);
         m_agents = m_view->rootObject()->findChild<AgentsState *>();
         QVERIFY(m_agents);
     }
@@ -126,14 +115,6 @@ private:
     }
 
 private slots:
-    void init() { m_world = std::make_unique<TestEnvironment>(); }
-    void cleanup()
-    {
-        m_window.reset();
-        m_view.reset();
-        m_world.reset();
-    }
-
     // Bars.
 
     void showsItsTitleAndItsTwoButtons()

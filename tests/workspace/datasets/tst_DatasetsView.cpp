@@ -1,5 +1,4 @@
-#include "support/TestEnvironment.h"
-#include "support/Window.h"
+#include "support/ViewTest.h"
 #include "workspace/datasets/DatasetsViewModel.h"
 
 #include <QFile>
@@ -17,7 +16,7 @@ namespace {
 
 const auto white = u"#ffffffff"_s;
 const auto surface = u"#ff121214"_s;
-const auto border = u"#ff27272a"_s;
+const auto outline = u"#ff27272a 1"_s;
 const auto accent = u"#ff3b82f6"_s;
 const auto textSecondary = u"#ffa1a1aa"_s;
 const auto textTertiary = u"#ff71717a"_s;
@@ -28,44 +27,12 @@ QByteArray file(const QByteArray &id, const QByteArray &filename, const QByteArr
         + "\",\"bytes\":15420000,\"created_at\":\"2026-11-20T10:00:00Z\"}";
 }
 
-QString strokeOf(const QQuickItem *box)
-{
-    return box->property("border").value<QObject *>()->property("color").value<QColor>().name(QColor::HexArgb);
-}
-
-double radiusOf(const QQuickItem *box)
-{
-    return box->property("radius").toDouble();
-}
-
-double gapAcross(const QQuickItem *left, const QQuickItem *right)
-{
-    return placeOf(right).left() - placeOf(left).right();
-}
-
-double gapBetween(const QQuickItem *upper, const QQuickItem *lower)
-{
-    return placeOf(lower).top() - placeOf(upper).bottom();
-}
-
 } // namespace
 
-class tst_DatasetsView : public QObject {
+class tst_DatasetsView : public ViewTest {
     Q_OBJECT
 
 private slots:
-    void init()
-    {
-        failOnWarnings();
-        m_world = std::make_unique<TestEnvironment>();
-    }
-    void cleanup()
-    {
-        m_window.reset();
-        m_view.reset();
-        m_world.reset();
-    }
-
     // What stands in its body
 
     void showsASpinnerAndThenThreeSamplesToASignedOutUser()
@@ -324,7 +291,7 @@ private slots:
         QCOMPARE(placeOf(box).width(), 300.0);
         QCOMPARE(gapBetween(m_window->text(u"Upload and manage training datasets"_s), box), 20.0);
         QCOMPARE(colorOf(box), surface);
-        QCOMPARE(strokeOf(box), border);
+        QCOMPARE(strokeOf(box), outline);
         QCOMPARE(radiusOf(box), 8.0);
         QCOMPARE(colorOf(m_window->symbol(u"magnifyingglass"_s, box)), textTertiary);
         QQuickItem *previous = nullptr;
@@ -355,7 +322,7 @@ private slots:
         const QQuickItem *table = m_window->all(u"DatasetsTable"_s).first();
         const QQuickItem *card = table->childItems().first();
         QCOMPARE(colorOf(card), surface);
-        QCOMPARE(strokeOf(card), border);
+        QCOMPARE(strokeOf(card), outline);
         QCOMPARE(radiusOf(card), 12.0);
         QCOMPARE(placeOf(card).left(), 24.0);
         QCOMPARE(placeOf(card).right(), 980.0 - 24.0);
@@ -440,7 +407,7 @@ private slots:
             QCOMPARE(colorOf(name), textSecondary);
             QCOMPARE(m_window->symbol(icons[i], badges[i])->property("size").toDouble(), 12.0);
             QCOMPARE(colorOf(badges[i]), surface);
-            QCOMPARE(strokeOf(badges[i]), border);
+            QCOMPARE(strokeOf(badges[i]), outline);
             QCOMPARE(radiusOf(badges[i]), 6.0);
             QCOMPARE(placeOf(name).right(), placeOf(badges[i]).right() - 12);
             QCOMPARE(i == 0 ? gapBetween(formats, badges[i]) : gapAcross(badges[i - 1], badges[i]), 12.0);
@@ -492,11 +459,7 @@ private slots:
 
 private:
     // In the room that the main window leaves to it at its smallest.
-    void opens()
-    {
-        m_view = openView(u"Workspace/DatasetsView.qml"_s, {980, 760});
-        m_window = std::make_unique<Window>(*m_view);
-    }
+    void opens() { open(u"Workspace/DatasetsView.qml"_s, {980, 760}); }
 
     void opensWith(const QByteArray &files)
     {
@@ -542,10 +505,6 @@ private:
         }
         return names;
     }
-
-    std::unique_ptr<TestEnvironment> m_world;
-    std::unique_ptr<QQuickView> m_view;
-    std::unique_ptr<Window> m_window;
 };
 
 } // namespace quillmere

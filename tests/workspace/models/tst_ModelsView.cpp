@@ -1,6 +1,5 @@
 #include "identity/AuthManager.h"
-#include "support/TestEnvironment.h"
-#include "support/Window.h"
+#include "support/ViewTest.h"
 #include "workspace/models/ModelsViewModel.h"
 
 #include <QSignalSpy>
@@ -16,7 +15,7 @@ namespace {
 const auto white = u"#ffffffff"_s;
 const auto black = u"#ff000000"_s;
 const auto surface = u"#ff121214"_s;
-const auto border = u"#ff27272a"_s;
+const auto outline = u"#ff27272a 1"_s;
 const auto accent = u"#ff3b82f6"_s;
 const auto green = u"#ff22c55e"_s;
 const auto red = u"#ffef4444"_s;
@@ -47,40 +46,12 @@ QByteArray manyModels(int count)
     return '[' + models.join(',') + ']';
 }
 
-QString strokeOf(const QQuickItem *box)
-{
-    return box->property("border").value<QObject *>()->property("color").value<QColor>().name(QColor::HexArgb);
-}
-
-// Seen from an item, in points.
-QRectF placeIn(const QQuickItem *surroundings, const QQuickItem *item)
-{
-    return item->mapRectToItem(surroundings, QRectF(0, 0, item->width(), item->height()));
-}
-
-QAccessibleInterface *accessible(QQuickItem *item)
-{
-    return QAccessible::queryAccessibleInterface(item);
-}
-
 } // namespace
 
-class tst_ModelsView : public QObject {
+class tst_ModelsView : public ViewTest {
     Q_OBJECT
 
 private slots:
-    void init()
-    {
-        failOnWarnings();
-        m_world = std::make_unique<TestEnvironment>();
-    }
-    void cleanup()
-    {
-        m_window.reset();
-        m_view.reset();
-        m_world.reset();
-    }
-
     // What stands in its body
 
     void showsASpinnerWhileItLoadsAndThenTheGrid()
@@ -201,8 +172,7 @@ private slots:
         m_window->click(m_window->field(u"Search models..."_s));
         m_window->type(u"x"_s);
         QVERIFY(m_window->shows(u"No Models Found"_s));
-        m_window.reset();
-        m_view.reset();
+        close();
         opens();
         QVERIFY(eventually([this] { return cards().size() == 1; }));
         QCOMPARE(m_world->service.requests().size(), 2);
@@ -234,14 +204,14 @@ private slots:
         QCOMPARE(placeOf(box).topLeft(), QPointF(24, placeOf(subtitle).bottom() + 20));
         QCOMPARE(box->width(), 300.0);
         QCOMPARE(colorOf(box), surface);
-        QCOMPARE(strokeOf(box), border);
+        QCOMPARE(strokeOf(box), outline);
         QCOMPARE(box->property("radius").toInt(), 8);
         const auto *glass = m_window->symbol(u"magnifyingglass"_s, box);
         QCOMPARE(colorOf(glass), textTertiary);
-        QCOMPARE(placeIn(box, glass).left(), 10.0);
+        QCOMPARE(placeIn(glass, box).left(), 10.0);
         const auto *field = m_window->field(u"Search models..."_s);
         QCOMPARE(colorOf(field), white);
-        QCOMPARE(placeIn(box, field).left() - placeIn(box, glass).right(), 12.0);
+        QCOMPARE(placeIn(field, box).left() - placeIn(glass, box).right(), 12.0);
         QCOMPARE(box->height(), field->implicitHeight() + 20);
 
         double left = placeOf(box).right() + 16;
@@ -274,7 +244,7 @@ private slots:
         QCOMPARE(colorOf(chip), surface);
         QCOMPARE(chip->property("radius").toInt(), 8);
         QCOMPARE(placeOf(chip).right(), 980.0 - 24);
-        QVERIFY(std::abs(placeIn(chip, icon).left() - 12) < 1);
+        QVERIFY(std::abs(placeIn(icon, chip).left() - 12) < 1);
         QCOMPARE(chip->width(), std::ceil(count->parentItem()->width()) + 24);
         QCOMPARE(chip->height(), std::ceil(count->parentItem()->height()) + 12);
 
@@ -431,25 +401,25 @@ private slots:
         auto *card = cards().constFirst();
         QCOMPARE(colorOf(card), surface);
         QCOMPARE(card->property("radius").toInt(), 12);
-        QCOMPARE(strokeOf(card), border);
+        QCOMPARE(strokeOf(card), outline);
         QCOMPARE(card->height(), 280.0);
 
         const auto *icon = m_window->symbol(u"cpu"_s, card);
         QCOMPARE(icon->property("size").toInt(), 20);
         QCOMPARE(colorOf(icon), accent);
         const auto *tile = icon->parentItem();
-        QCOMPARE(placeIn(card, tile), QRectF(20, 20, 48, 48));
+        QCOMPARE(placeIn(tile, card), QRectF(20, 20, 48, 48));
         QCOMPARE(tile->property("radius").toInt(), 8);
         QCOMPARE(colorOf(tile), u"#263b82f6"_s);
 
         const auto *name = m_window->text(u"First"_s, card);
         QCOMPARE(fontOf(name), u"Inter 14 500"_s);
         QCOMPARE(colorOf(name), white);
-        QCOMPARE(placeIn(card, name).topLeft(), QPointF(20, 68 + 16));
+        QCOMPARE(placeIn(name, card).topLeft(), QPointF(20, 68 + 16));
         const auto *description = m_window->text(u"What it is for"_s, card);
         QCOMPARE(fontOf(description), u"Inter 12 400"_s);
         QCOMPARE(colorOf(description), textSecondary);
-        QCOMPARE(placeIn(card, description).top() - placeIn(card, name).bottom(), 6.0);
+        QCOMPARE(placeIn(description, card).top() - placeIn(name, card).bottom(), 6.0);
 
         const auto specs = m_window->all(u"SpecItem"_s, card);
         QCOMPARE(specs.size(), 3);
@@ -457,9 +427,9 @@ private slots:
         const QStringList values{u"7.0B"_s, u"8K"_s, u"14.48 GB"_s};
         double left = 20;
         for (int i = 0; i < 3; ++i) {
-            QCOMPARE(placeIn(card, specs[i]).left(), left);
-            QCOMPARE(placeIn(card, specs[i]).top() - placeIn(card, description).bottom(), 16.0);
-            left = placeIn(card, specs[i]).right() + 16;
+            QCOMPARE(placeIn(specs[i], card).left(), left);
+            QCOMPARE(placeIn(specs[i], card).top() - placeIn(description, card).bottom(), 16.0);
+            left = placeIn(specs[i], card).right() + 16;
             const auto *label = m_window->text(labels[i], specs[i]);
             QCOMPARE(fontOf(label), u"Inter 9 700"_s);
             QCOMPARE(colorOf(label), textTertiary);
@@ -472,9 +442,9 @@ private slots:
 
         auto *button = m_window->button(u"Download First"_s);
         QVERIFY(QString::fromLatin1(button->metaObject()->className()).startsWith(u"PrimaryButton"_s));
-        QCOMPARE(placeIn(card, button).left(), 20.0);
-        QCOMPARE(placeIn(card, button).right(), card->width() - 20);
-        QCOMPARE(placeIn(card, button).bottom(), 260.0);
+        QCOMPARE(placeIn(button, card).left(), 20.0);
+        QCOMPARE(placeIn(button, card).right(), card->width() - 20);
+        QCOMPARE(placeIn(button, card).bottom(), 260.0);
         QVERIFY(m_window->shows(u"Download"_s));
         QCOMPARE(placeOf(m_window->text(u"Download"_s, button)).left()
                 - placeOf(m_window->symbol(u"arrow.down.circle"_s, button)).right(),
@@ -520,13 +490,13 @@ private slots:
             QCOMPARE(colorOf(word), colors[i]);
             QCOMPARE(colorOf(both[i]), grounds[i]);
             QCOMPARE(both[i]->property("radius").toInt(), 4);
-            QCOMPARE(placeIn(both[i], icon).left(), 8.0);
-            QCOMPARE(both[i]->width(), std::ceil(placeIn(both[i], word).left() + word->implicitWidth() + 8));
+            QCOMPARE(placeIn(icon, both[i]).left(), 8.0);
+            QCOMPARE(both[i]->width(), std::ceil(placeIn(word, both[i]).left() + word->implicitWidth() + 8));
             QCOMPARE(both[i]->height(), word->implicitHeight() + 8);
-            QCOMPARE(placeIn(card, both[i]).right(), card->width() - 20);
+            QCOMPARE(placeIn(both[i], card).right(), card->width() - 20);
         }
         QCOMPARE(placeOf(both[1]).top() - placeOf(both[0]).bottom(), 6.0);
-        QCOMPARE((placeIn(card, both[0]).top() + placeIn(card, both[1]).bottom()) / 2, 20 + 24.0);
+        QCOMPARE((placeIn(both[0], card).top() + placeIn(both[1], card).bottom()) / 2, 20 + 24.0);
     }
 
     void downloadsAModelAndSaysSo()
@@ -556,9 +526,9 @@ private slots:
         QVERIFY(!after[0]->isEnabled());
         QVERIFY(m_window->symbol(u"checkmark"_s, after[0]));
         QCOMPARE(m_window->texts(after[0]), QStringList{u"Downloaded"_s});
-        QCOMPARE(placeIn(card, after[0]).bottom(), 260.0);
-        QCOMPARE(placeIn(card, after[0]).left(), 20.0);
-        QCOMPARE(placeIn(card, after[0]).right(), card->width() - 20);
+        QCOMPARE(placeIn(after[0], card).bottom(), 260.0);
+        QCOMPARE(placeIn(after[0], card).left(), 20.0);
+        QCOMPARE(placeIn(after[0], card).right(), card->width() - 20);
         QVERIFY(!m_window->button(u"Download Second"_s));
         QVERIFY(m_window->button(u"Download First"_s));
         QVERIFY(m_window->all(u"Spokes"_s).isEmpty());
@@ -572,7 +542,7 @@ private slots:
         QCOMPARE(card->height(), 280.0);
         QVERIFY(m_window->all(u"SpecItem"_s, card).isEmpty());
         QVERIFY(m_window->text(u"No description available"_s, card));
-        QCOMPARE(placeIn(card, m_window->button(u"Download Bare"_s)).bottom(), 260.0);
+        QCOMPARE(placeIn(m_window->button(u"Download Bare"_s), card).bottom(), 260.0);
     }
 
     void leavesOutTheFiguresThatAreNotThere()
@@ -583,7 +553,7 @@ private slots:
         const auto specs = m_window->all(u"SpecItem"_s, card);
         QCOMPARE(specs.size(), 1);
         QCOMPARE(m_window->texts(specs[0]), QStringList({u"CONTEXT"_s, u"4K"_s}));
-        QCOMPARE(placeIn(card, specs[0]).left(), 20.0);
+        QCOMPARE(placeIn(specs[0], card).left(), 20.0);
     }
 
     void liftsTheCardUnderThePointer()
@@ -594,7 +564,7 @@ private slots:
         const QPointF middle = placeOf(all[1]).center();
         m_window->hover(all[1]);
         QVERIFY(eventually([&] { return all[1]->scale() == 1.01; }));
-        QCOMPARE(strokeOf(all[1]), u"#803b82f6"_s);
+        QCOMPARE(strokeOf(all[1]), u"#803b82f6 1"_s);
         QCOMPARE(placeOf(all[1]).center(), middle);
         QCOMPARE(all[0]->scale(), 1.0);
         // Over its button too.
@@ -603,7 +573,7 @@ private slots:
         QCOMPARE(all[1]->scale(), 1.01);
         m_window->hover(m_window->text(u"Models"_s));
         QVERIFY(eventually([&] { return all[1]->scale() == 1.0; }));
-        QCOMPARE(strokeOf(all[1]), border);
+        QCOMPARE(strokeOf(all[1]), outline);
     }
 
     void clipsNoCardThatIsLifted_data()
@@ -672,7 +642,7 @@ private slots:
         QCOMPARE(words.size(), 2);
         for (const auto *label : words) {
             QCOMPARE(label->property("textFormat").toInt(), int(Qt::PlainText));
-            QCOMPARE(placeIn(card, label).left(), 20.0);
+            QCOMPARE(placeIn(label, card).left(), 20.0);
             QCOMPARE(label->width(), card->width() - 40);
             QVERIFY(label->property("lineCount").toInt() <= 2);
             QVERIFY(label->property("contentWidth").toDouble() <= label->width());
@@ -692,7 +662,7 @@ private slots:
         const auto *card = cards()[0];
         const auto specs = m_window->all(u"SpecItem"_s, card);
         QCOMPARE(specs.size(), 3);
-        QVERIFY(placeIn(card, specs[2]).right() <= card->width() - 20);
+        QVERIFY(placeIn(specs[2], card).right() <= card->width() - 20);
     }
 
     // Keyboard
@@ -796,19 +766,14 @@ private slots:
         QVERIFY(eventually([this] { return cards().size() == 1; }));
         m_window->click(m_window->button(u"Download First"_s));
         QVERIFY(eventually([this] { return m_world->clock.dueIn(2s) == 1; }));
-        m_window.reset();
-        m_view.reset();
+        close();
         m_world->clock.advance(3s);
         settle();
     }
 
 private:
     // In the room that the main window leaves to it at its smallest.
-    void opens(QSize size = {980, 760})
-    {
-        m_view = openView(u"Workspace/ModelsView.qml"_s, size);
-        m_window = std::make_unique<Window>(*m_view);
-    }
+    void opens(QSize size = {980, 760}) { open(u"Workspace/ModelsView.qml"_s, size); }
 
     void opensWith(const QByteArray &models, QSize size = {980, 760})
     {
@@ -876,10 +841,6 @@ private:
         const auto *item = m_view->activeFocusItem();
         return item ? item->property("name").toString() : QString();
     }
-
-    std::unique_ptr<TestEnvironment> m_world;
-    std::unique_ptr<QQuickView> m_view;
-    std::unique_ptr<Window> m_window;
 };
 
 } // namespace quillmere

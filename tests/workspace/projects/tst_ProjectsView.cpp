@@ -1,5 +1,4 @@
-#include "support/TestEnvironment.h"
-#include "support/Window.h"
+#include "support/ViewTest.h"
 #include "workspace/projects/ProjectsViewModel.h"
 
 #include <QSignalSpy>
@@ -19,82 +18,65 @@ const QString tertiary = u"#ff71717a"_s;
 const QString accent = u"#ff3b82f6"_s;
 const QString surface = u"#ff121214"_s;
 const QString border = u"#ff27272a"_s;
-
-// Seen from an item, in points.
-QRectF placeIn(const QQuickItem *surroundings, const QQuickItem *item)
-{
-    return item->mapRectToItem(surroundings, QRectF(0, 0, item->width(), item->height()));
-}
-
-QAccessibleInterface *accessible(QQuickItem *item)
-{
-    return QAccessible::queryAccessibleInterface(item);
-}
+const QString outline = u"#ff27272a 1"_s;
 
 } // namespace
 
-class tst_ProjectsView : public QObject {
+class tst_ProjectsView : public ViewTest {
     Q_OBJECT
 
 private slots:
-    void init() { world = std::make_unique<TestEnvironment>(); }
-    void cleanup()
-    {
-        close();
-        world.reset();
-    }
-
     // Head, search and body
 
     void showsASpinnerForHalfASecondAndThenTheCards()
     {
         open();
-        QCOMPARE(screen->all(u"Spinner"_s).size(), 1);
-        QCOMPARE(colorOf(screen->all(u"Spinner"_s).first()), white);
+        QCOMPARE(m_window->all(u"Spinner"_s).size(), 1);
+        QCOMPARE(colorOf(m_window->all(u"Spinner"_s).first()), white);
         QVERIFY(cards().isEmpty());
-        QVERIFY(!screen->shows(u"No Projects Yet"_s));
-        world->clock.advance(499ms);
+        QVERIFY(!m_window->shows(u"No Projects Yet"_s));
+        m_world->clock.advance(499ms);
         redraw();
         QVERIFY(cards().isEmpty());
-        world->clock.advance(1ms);
+        m_world->clock.advance(1ms);
         redraw();
-        QVERIFY(screen->all(u"Spinner"_s).isEmpty());
+        QVERIFY(m_window->all(u"Spinner"_s).isEmpty());
         QCOMPARE(names(), QStringList({u"Medical LLM"_s, u"Code Assistant"_s, u"Customer Support Bot"_s}));
     }
 
     void hasItsHeadAndItsSearchBoxInPlace()
     {
         open();
-        QCOMPARE(colorOf(view->rootObject()), u"#ff09090b"_s);
-        auto *title = screen->text(u"Projects"_s);
+        QCOMPARE(colorOf(m_view->rootObject()), u"#ff09090b"_s);
+        auto *title = m_window->text(u"Projects"_s);
         QCOMPARE(fontOf(title), u"Space Grotesk 24 700"_s);
         QCOMPARE(colorOf(title), white);
         QCOMPARE(placeOf(title).topLeft(), QPointF(24, 20));
-        auto *subtitle = screen->text(u"Manage your fine-tuning projects and workspaces"_s);
+        auto *subtitle = m_window->text(u"Manage your fine-tuning projects and workspaces"_s);
         QCOMPARE(fontOf(subtitle), u"Inter 14 400"_s);
         QCOMPARE(colorOf(subtitle), secondary);
         QCOMPARE(placeOf(subtitle).top() - placeOf(title).bottom(), 4.0);
 
-        auto *button = screen->button(u"New Project"_s);
+        auto *button = m_window->button(u"New Project"_s);
         QVERIFY(QString::fromLatin1(button->metaObject()->className()).startsWith(u"PrimaryButton"_s));
-        QVERIFY(screen->symbol(u"plus"_s, button));
+        QVERIFY(m_window->symbol(u"plus"_s, button));
         QCOMPARE(button->property("spacing").toInt(), 8);
         QCOMPARE(placeOf(button).right(), 980.0 - 24);
 
-        auto *box = screen->all(u"SearchBox"_s).first();
+        auto *box = m_window->all(u"SearchBox"_s).first();
         QCOMPARE(placeOf(box).left(), 24.0);
         QCOMPARE(placeOf(box).width(), 980.0 - 48);
         QCOMPARE(placeOf(box).top() - placeOf(subtitle).bottom(), 20.0);
         QCOMPARE(colorOf(box), surface);
         QCOMPARE(box->property("radius").toInt(), 8);
-        auto *glass = screen->symbol(u"magnifyingglass"_s, box);
+        auto *glass = m_window->symbol(u"magnifyingglass"_s, box);
         QCOMPARE(colorOf(glass), tertiary);
-        QCOMPARE(placeIn(box, glass).left(), 12.0);
-        auto *field = screen->all(u"PlainField"_s).first();
-        QCOMPARE(placeIn(box, field).left() - placeIn(box, glass).right(), 12.0);
+        QCOMPARE(placeIn(glass, box).left(), 12.0);
+        auto *field = m_window->all(u"PlainField"_s).first();
+        QCOMPARE(placeIn(field, box).left() - placeIn(glass, box).right(), 12.0);
         QCOMPARE(box->height(), field->implicitHeight() + 24);
         QCOMPARE(colorOf(field), white);
-        QVERIFY(screen->shows(u"Search projects..."_s));
+        QVERIFY(m_window->shows(u"Search projects..."_s));
     }
 
     void laysThreeColumnsOutAtAnyWidth_data()
@@ -110,12 +92,12 @@ private slots:
         QFETCH(QSize, size);
         open(size);
         load();
-        auto *model = view->rootObject()->findChild<ProjectsViewModel *>();
+        auto *model = m_view->rootObject()->findChild<ProjectsViewModel *>();
         model->createProject(u"Fourth"_s, {});
         redraw();
         const auto all = cards();
         QCOMPARE(all.size(), 4);
-        const double bodyTop = placeOf(screen->all(u"SearchBox"_s).first()).bottom() + 20;
+        const double bodyTop = placeOf(m_window->all(u"SearchBox"_s).first()).bottom() + 20;
         QCOMPARE(placeOf(all[0]).topLeft(), QPointF(24, bodyTop + 24));
         for (int i = 0; i < 3; ++i) {
             QCOMPARE(all[i]->height(), 200.0);
@@ -137,8 +119,8 @@ private slots:
         load();
         const auto *card = cards().first();
         const auto lineOf = [&](const QString &text) {
-            const auto *label = screen->text(text, card);
-            return std::round(placeIn(card, label).top() + label->baselineOffset());
+            const auto *label = m_window->text(text, card);
+            return std::round(placeIn(label, card).top() + label->baselineOffset());
         };
         for (const QString &text : {u"Models"_s, u"5"_s, u"Datasets"_s, u"Updated 1 hr ago"_s}) {
             QCOMPARE(lineOf(text), lineOf(u"2"_s));
@@ -152,44 +134,44 @@ private slots:
         auto *card = cards().first();
         QCOMPARE(colorOf(card), surface);
         QCOMPARE(card->property("radius").toInt(), 12);
-        QCOMPARE(stroke(card), border);
+        QCOMPARE(strokeOf(card), outline);
 
-        auto *folder = screen->symbol(u"folder.fill"_s, card);
+        auto *folder = m_window->symbol(u"folder.fill"_s, card);
         QCOMPARE(folder->property("size").toInt(), 20);
         QCOMPARE(colorOf(folder), accent);
-        QCOMPARE(placeIn(card, folder).left(), 20.0);
+        QCOMPARE(placeIn(folder, card).left(), 20.0);
 
-        auto *badge = screen->all(u"Badge"_s).first();
-        auto *word = screen->text(u"Training"_s, badge);
+        auto *badge = m_window->all(u"Badge"_s).first();
+        auto *word = m_window->text(u"Training"_s, badge);
         QCOMPARE(fontOf(word), u"Inter 10 700"_s);
         QCOMPARE(colorOf(word), accent);
         QCOMPARE(colorOf(badge), u"#263b82f6"_s);
         QCOMPARE(badge->property("radius").toInt(), 4);
         QCOMPARE(badge->width(), std::ceil(word->implicitWidth() + 16));
         QCOMPARE(badge->height(), word->implicitHeight() + 8);
-        QCOMPARE(placeIn(card, badge).right(), card->width() - 20);
-        QCOMPARE(std::min(placeIn(card, badge).top(), placeIn(card, folder).top()), 20.0);
-        const double topRow = std::max(placeIn(card, badge).bottom(), placeIn(card, folder).bottom());
+        QCOMPARE(placeIn(badge, card).right(), card->width() - 20);
+        QCOMPARE(std::min(placeIn(badge, card).top(), placeIn(folder, card).top()), 20.0);
+        const double topRow = std::max(placeIn(badge, card).bottom(), placeIn(folder, card).bottom());
 
-        auto *name = screen->text(u"Medical LLM"_s, card);
+        auto *name = m_window->text(u"Medical LLM"_s, card);
         QCOMPARE(fontOf(name), u"Inter 14 500"_s);
         QCOMPARE(colorOf(name), white);
-        QCOMPARE(placeIn(card, name).topLeft(), QPointF(20, topRow + 16));
-        auto *description = screen->text(u"Fine-tuning Llama for medical Q&A"_s, card);
+        QCOMPARE(placeIn(name, card).topLeft(), QPointF(20, topRow + 16));
+        auto *description = m_window->text(u"Fine-tuning Llama for medical Q&A"_s, card);
         QCOMPARE(fontOf(description), u"Inter 12 400"_s);
         QCOMPARE(colorOf(description), secondary);
-        QCOMPARE(placeIn(card, description).top() - placeIn(card, name).bottom(), 6.0);
+        QCOMPARE(placeIn(description, card).top() - placeIn(name, card).bottom(), 6.0);
 
-        const auto stats = screen->all(u"StatItem"_s);
-        QCOMPARE(placeIn(card, stats[0]).bottomLeft(), QPointF(20, 180));
-        QCOMPARE(placeIn(card, stats[1]).left() - placeIn(card, stats[0]).right(), 16.0);
+        const auto stats = m_window->all(u"StatItem"_s);
+        QCOMPARE(placeIn(stats[0], card).bottomLeft(), QPointF(20, 180));
+        QCOMPARE(placeIn(stats[1], card).left() - placeIn(stats[0], card).right(), 16.0);
         expectStat(stats[0], u"cpu"_s, u"2"_s, u"Models"_s);
         expectStat(stats[1], u"cylinder.split.1x2"_s, u"5"_s, u"Datasets"_s);
 
-        auto *updated = screen->text(u"Updated 1 hr ago"_s, card);
+        auto *updated = m_window->text(u"Updated 1 hr ago"_s, card);
         QCOMPARE(fontOf(updated), u"Inter 11 400"_s);
         QCOMPARE(colorOf(updated), tertiary);
-        QCOMPARE(placeIn(card, updated).right(), card->width() - 20);
+        QCOMPARE(placeIn(updated, card).right(), card->width() - 20);
         QVERIFY(!updated->property("truncated").toBool());
     }
 
@@ -198,7 +180,7 @@ private slots:
         open({940, 760});
         load();
         for (const QString &age : {u"Updated 1 hr ago"_s, u"Updated 1 day ago"_s, u"Updated 2 days ago"_s}) {
-            const auto *label = screen->text(age);
+            const auto *label = m_window->text(age);
             QVERIFY2(!label->property("truncated").toBool(), qPrintable(age));
             QVERIFY(label->property("contentWidth").toDouble() <= label->width());
         }
@@ -209,7 +191,7 @@ private slots:
         open();
         load();
         QStringList words;
-        for (auto *badge : screen->all(u"Badge"_s)) {
+        for (auto *badge : m_window->all(u"Badge"_s)) {
             words += badge->property("text").toString() + u" "_s + colorOf(badge, "tint");
         }
         QCOMPARE(words, QStringList({u"Training #ff3b82f6"_s, u"Active #ff22c55e"_s, u"Archived #ff71717a"_s}));
@@ -222,25 +204,25 @@ private slots:
         const auto all = cards();
         auto *card = all[1];
         const QPointF middle = placeOf(card).center();
-        screen->hover(card);
+        m_window->hover(card);
         QVERIFY(card->property("isHovered").toBool());
         QCOMPARE(card->scale(), 1.02);
-        QCOMPARE(stroke(card), u"#803b82f6"_s);
+        QCOMPARE(strokeOf(card), u"#803b82f6 1"_s);
         QCOMPARE(placeOf(card).center(), middle);
         QCOMPARE(all[0]->scale(), 1.0);
-        screen->hover(screen->text(u"Projects"_s));
+        m_window->hover(m_window->text(u"Projects"_s));
         QCOMPARE(card->scale(), 1.0);
-        QCOMPARE(stroke(card), border);
+        QCOMPARE(strokeOf(card), outline);
     }
 
     void easesIntoTheLiftOver15Hundredths()
     {
-        world->environment.animations = true;
+        m_world->environment.animations = true;
         open();
         load();
         auto *card = cards().first();
         QSignalSpy steps(card, &QQuickItem::scaleChanged);
-        screen->hover(card);
+        m_window->hover(card);
         QVERIFY(card->scale() < 1.02);
         QVERIFY(eventually([&] { return card->scale() == 1.02; }));
         QVERIFY(steps.size() > 1);
@@ -264,7 +246,7 @@ private slots:
         open();
         load();
         const double other = cards()[1]->height();
-        view->rootObject()->findChild<ProjectsViewModel *>()->createProject(text, text);
+        m_view->rootObject()->findChild<ProjectsViewModel *>()->createProject(text, text);
         redraw();
         auto *card = cards().first();
         QCOMPARE(card->property("name").toString(), text);
@@ -272,7 +254,7 @@ private slots:
         QCOMPARE(card->height(), 200.0);
 
         QList<QQuickItem *> shown;
-        for (auto *label : screen->all(u"Label"_s)) {
+        for (auto *label : m_window->all(u"Label"_s)) {
             if (card->isAncestorOf(label) && label->property("text").toString() == text) {
                 shown.append(label);
             }
@@ -280,15 +262,15 @@ private slots:
         QCOMPARE(shown.size(), 2);
         for (auto *label : shown) {
             QCOMPARE(label->property("textFormat").toInt(), int(Qt::PlainText));
-            QCOMPARE(placeIn(card, label).left(), 20.0);
+            QCOMPARE(placeIn(label, card).left(), 20.0);
             QCOMPARE(label->width(), card->width() - 40);
             QVERIFY(label->property("contentWidth").toDouble() <= label->width());
             QCOMPARE(label->property("effectiveHorizontalAlignment").toInt(), int(Qt::AlignLeft));
         }
         QCOMPARE(shown[0]->property("lineCount").toInt(), 1);
         QVERIFY(shown[1]->property("lineCount").toInt() <= 2);
-        const auto *stats = screen->all(u"StatItem"_s).first();
-        QVERIFY(placeIn(card, shown[1]).bottom() <= placeIn(card, stats).top() - 16);
+        const auto *stats = m_window->all(u"StatItem"_s).first();
+        QVERIFY(placeIn(shown[1], card).bottom() <= placeIn(stats, card).top() - 16);
         QVERIFY(text.size() < 100 || shown[0]->property("truncated").toBool());
         QVERIFY(text.size() < 100 || shown[1]->property("truncated").toBool());
     }
@@ -297,12 +279,12 @@ private slots:
     {
         open();
         load();
-        view->rootObject()->findChild<ProjectsViewModel *>()->createProject(u"Mine"_s, {});
+        m_view->rootObject()->findChild<ProjectsViewModel *>()->createProject(u"Mine"_s, {});
         redraw();
         auto *card = cards().first();
         QStringList texts;
         QQuickItem *description = nullptr;
-        for (auto *label : screen->all(u"Label"_s)) {
+        for (auto *label : m_window->all(u"Label"_s)) {
             if (card->isAncestorOf(label)) {
                 texts.append(label->property("text").toString());
                 description = texts.last().isEmpty() ? label : description;
@@ -319,13 +301,13 @@ private slots:
     {
         open();
         load();
-        QVERIFY(screen->shows(u"Updated 1 hr ago"_s));
-        world->clock.advance(1h + 1s);
+        QVERIFY(m_window->shows(u"Updated 1 hr ago"_s));
+        m_world->clock.advance(1h + 1s);
         redraw();
-        QVERIFY(screen->shows(u"Updated 2 hr ago"_s));
-        QVERIFY(!screen->shows(u"Updated 1 hr ago"_s));
+        QVERIFY(m_window->shows(u"Updated 2 hr ago"_s));
+        QVERIFY(!m_window->shows(u"Updated 1 hr ago"_s));
         close();
-        QCOMPARE(world->clock.scheduledCount(), 0);
+        QCOMPARE(m_world->clock.scheduledCount(), 0);
     }
 
     // Search
@@ -334,14 +316,14 @@ private slots:
     {
         open();
         load();
-        screen->click(screen->all(u"SearchBox"_s).first());
-        screen->type(u"TICKET"_s);
+        m_window->click(m_window->all(u"SearchBox"_s).first());
+        m_window->type(u"TICKET"_s);
         redraw();
-        QCOMPARE(view->rootObject()->property("searchText").toString(), u"TICKET"_s);
+        QCOMPARE(m_view->rootObject()->property("searchText").toString(), u"TICKET"_s);
         QCOMPARE(names(), QStringList{u"Customer Support Bot"_s});
-        screen->press(Qt::Key_Escape);
+        m_window->press(Qt::Key_Escape);
         redraw();
-        QCOMPARE(view->rootObject()->property("searchText").toString(), QString());
+        QCOMPARE(m_view->rootObject()->property("searchText").toString(), QString());
         QCOMPARE(names().size(), 3);
     }
 
@@ -351,26 +333,26 @@ private slots:
         load();
         search(u"zzz"_s);
         QVERIFY(cards().isEmpty());
-        auto *symbol = screen->symbol(u"folder.badge.plus"_s);
+        auto *symbol = m_window->symbol(u"folder.badge.plus"_s);
         QCOMPARE(symbol->property("size").toInt(), 64);
         QCOMPARE(colorOf(symbol), tertiary);
-        auto *title = screen->text(u"No Projects Yet"_s);
+        auto *title = m_window->text(u"No Projects Yet"_s);
         QCOMPARE(fontOf(title), u"Space Grotesk 18 500"_s);
         QCOMPARE(colorOf(title), white);
-        auto *text = screen->text(u"Create your first project to organize your\nfine-tuning workflows"_s);
+        auto *text = m_window->text(u"Create your first project to organize your\nfine-tuning workflows"_s);
         QCOMPARE(fontOf(text), u"Inter 14 400"_s);
         QCOMPARE(colorOf(text), secondary);
         QCOMPARE(text->property("lineCount").toInt(), 2);
         QCOMPARE(text->property("effectiveHorizontalAlignment").toInt(), int(Qt::AlignHCenter));
         QCOMPARE(placeOf(text).top() - placeOf(title).bottom(), 8.0);
         QCOMPARE(placeOf(title).top() - placeOf(symbol).bottom(), 24.0);
-        auto *button = screen->button(u"Create Project"_s);
-        QVERIFY(screen->symbol(u"plus"_s, button));
+        auto *button = m_window->button(u"Create Project"_s);
+        QVERIFY(m_window->symbol(u"plus"_s, button));
         QCOMPARE(placeOf(button).top() - placeOf(text).bottom(), 24.0);
         QVERIFY(qAbs(placeOf(button).center().x() - 490) < 1);
 
-        screen->click(button);
-        QVERIFY(view->rootObject()->property("showNewProjectSheet").toBool());
+        m_window->click(button);
+        QVERIFY(m_view->rootObject()->property("showNewProjectSheet").toBool());
         QVERIFY(sheet());
     }
 
@@ -379,10 +361,10 @@ private slots:
         open();
         load();
         search(u"medical"_s);
-        view->rootObject()->findChild<ProjectsViewModel *>()->createProject(u"Other"_s, {});
+        m_view->rootObject()->findChild<ProjectsViewModel *>()->createProject(u"Other"_s, {});
         redraw();
         QCOMPARE(names(), QStringList{u"Medical LLM"_s});
-        QVERIFY(!screen->shows(u"No Projects Yet"_s));
+        QVERIFY(!m_window->shows(u"No Projects Yet"_s));
     }
 
     // The sheet
@@ -391,24 +373,24 @@ private slots:
     {
         open();
         load();
-        screen->click(screen->button(u"New Project"_s));
+        m_window->click(m_window->button(u"New Project"_s));
         redraw();
         auto *form = sheet();
         QVERIFY(form);
         QCOMPARE(form->size(), QSizeF(500, 400));
         QCOMPARE(placeOf(form).center(), QPointF(490, 380));
 
-        auto *title = screen->text(u"Create New Project"_s);
+        auto *title = m_window->text(u"Create New Project"_s);
         QCOMPARE(fontOf(title), u"Space Grotesk 18 500"_s);
         QCOMPARE(colorOf(title), white);
-        QCOMPARE(placeIn(form, title).topLeft(), QPointF(24, 24));
-        auto *mark = screen->symbol(u"xmark"_s, form);
+        QCOMPARE(placeIn(title, form).topLeft(), QPointF(24, 24));
+        auto *mark = m_window->symbol(u"xmark"_s, form);
         QCOMPARE(colorOf(mark), secondary);
-        QCOMPARE(placeIn(form, mark).right(), 476.0);
-        QCOMPARE(placeIn(form, mark).center().y(), placeIn(form, title).center().y());
+        QCOMPARE(placeIn(mark, form).right(), 476.0);
+        QCOMPARE(placeIn(mark, form).center().y(), placeIn(title, form).center().y());
 
         QList<QQuickItem *> lines;
-        for (auto *line : screen->all(u"Divider"_s)) {
+        for (auto *line : m_window->all(u"Divider"_s)) {
             if (form->isAncestorOf(line)) {
                 lines.append(line);
             }
@@ -416,23 +398,23 @@ private slots:
         QCOMPARE(lines.size(), 2);
         QCOMPARE(colorOf(lines[0]), border);
         QCOMPARE(lines[0]->width(), 500.0);
-        QCOMPARE(placeIn(form, lines[0]).top(), placeIn(form, title).bottom() + 24);
+        QCOMPARE(placeIn(lines[0], form).top(), placeIn(title, form).bottom() + 24);
 
-        expectField(form, u"Project Name"_s, u"e.g., Medical LLM Fine-tuning"_s, placeIn(form, lines[0]).bottom() + 24);
+        expectField(form, u"Project Name"_s, u"e.g., Medical LLM Fine-tuning"_s, placeIn(lines[0], form).bottom() + 24);
         const auto boxes = fieldBoxes();
-        expectField(form, u"Description"_s, u"Optional description..."_s, placeIn(form, boxes[0]).bottom() + 20);
-        auto *growing = screen->all(u"GrowingField"_s).first();
+        expectField(form, u"Description"_s, u"Optional description..."_s, placeIn(boxes[0], form).bottom() + 20);
+        auto *growing = m_window->all(u"GrowingField"_s).first();
         QCOMPARE(growing->property("minimumLines").toInt(), 3.0);
         QCOMPARE(growing->property("maximumLines").toInt(), 5.0);
-        QVERIFY(placeIn(form, boxes[1]).bottom() + 24 <= placeIn(form, lines[1]).top());
+        QVERIFY(placeIn(boxes[1], form).bottom() + 24 <= placeIn(lines[1], form).top());
 
-        auto *cancel = screen->button(u"Cancel"_s);
-        auto *create = screen->button(u"Create Project"_s);
+        auto *cancel = m_window->button(u"Cancel"_s);
+        auto *create = m_window->button(u"Create Project"_s);
         QVERIFY(QString::fromLatin1(cancel->metaObject()->className()).startsWith(u"SecondaryButton"_s));
         QVERIFY(QString::fromLatin1(create->metaObject()->className()).startsWith(u"PrimaryButton"_s));
-        QCOMPARE(placeIn(form, create).bottomRight(), QPointF(476, 376));
-        QCOMPARE(placeIn(form, create).top(), placeIn(form, lines[1]).bottom() + 24);
-        QVERIFY(placeIn(form, cancel).right() < placeIn(form, create).left());
+        QCOMPARE(placeIn(create, form).bottomRight(), QPointF(476, 376));
+        QCOMPARE(placeIn(create, form).top(), placeIn(lines[1], form).bottom() + 24);
+        QVERIFY(placeIn(cancel, form).right() < placeIn(create, form).left());
         QCOMPARE(placeOf(cancel).top(), placeOf(create).top());
     }
 
@@ -450,32 +432,32 @@ private slots:
         open();
         load();
         openSheet();
-        QVERIFY(!screen->button(u"Create Project"_s)->isEnabled());
-        screen->click(screen->button(u"Create Project"_s));
+        QVERIFY(!m_window->button(u"Create Project"_s)->isEnabled());
+        m_window->click(m_window->button(u"Create Project"_s));
         QVERIFY(sheet());
 
         // The first field has the keyboard.
-        screen->type(name);
-        QVERIFY(screen->button(u"Create Project"_s)->isEnabled());
-        screen->press(Qt::Key_Tab);
-        screen->type(u"for tests"_s);
-        screen->click(screen->button(u"Create Project"_s));
+        m_window->type(name);
+        QVERIFY(m_window->button(u"Create Project"_s)->isEnabled());
+        m_window->press(Qt::Key_Tab);
+        m_window->type(u"for tests"_s);
+        m_window->click(m_window->button(u"Create Project"_s));
         redraw();
         QVERIFY(!sheet());
-        QVERIFY(!view->rootObject()->property("showNewProjectSheet").toBool());
+        QVERIFY(!m_view->rootObject()->property("showNewProjectSheet").toBool());
 
         auto *card = cards().first();
         QCOMPARE(cards().size(), 4);
         QCOMPARE(card->property("name").toString(), name);
-        QVERIFY(screen->text(u"for tests"_s, card));
-        QVERIFY(screen->text(u"Active"_s, card));
-        QVERIFY(screen->text(u"Updated 0 sec ago"_s, card));
-        for (auto *stat : screen->all(u"StatItem"_s).mid(0, 2)) {
+        QVERIFY(m_window->text(u"for tests"_s, card));
+        QVERIFY(m_window->text(u"Active"_s, card));
+        QVERIFY(m_window->text(u"Updated 0 sec ago"_s, card));
+        for (auto *stat : m_window->all(u"StatItem"_s).mid(0, 2)) {
             QCOMPARE(stat->property("value").toString(), u"0"_s);
         }
         // In sight, at the top.
         QCOMPARE(placeOf(card).left(), 24.0);
-        QCOMPARE(placeOf(card).top(), placeOf(screen->all(u"SearchBox"_s).first()).bottom() + 44);
+        QCOMPARE(placeOf(card).top(), placeOf(m_window->all(u"SearchBox"_s).first()).bottom() + 44);
     }
 
     void disablesTheButtonAgainWhenTheNameIsEmptied()
@@ -483,10 +465,10 @@ private slots:
         open();
         load();
         openSheet();
-        screen->type(u"a"_s);
-        QVERIFY(screen->button(u"Create Project"_s)->isEnabled());
-        screen->press(Qt::Key_Backspace);
-        QVERIFY(!screen->button(u"Create Project"_s)->isEnabled());
+        m_window->type(u"a"_s);
+        QVERIFY(m_window->button(u"Create Project"_s)->isEnabled());
+        m_window->press(Qt::Key_Backspace);
+        QVERIFY(!m_window->button(u"Create Project"_s)->isEnabled());
     }
 
     void closesItsSheetWithoutAProject_data()
@@ -502,36 +484,36 @@ private slots:
         open();
         load();
         openSheet();
-        screen->type(u"Mine"_s);
+        m_window->type(u"Mine"_s);
         if (way == u"Escape"_s) {
-            screen->press(Qt::Key_Escape);
+            m_window->press(Qt::Key_Escape);
         } else {
-            screen->click(screen->button(way));
+            m_window->click(m_window->button(way));
         }
         QVERIFY(!sheet());
-        QVERIFY(!view->rootObject()->property("showNewProjectSheet").toBool());
+        QVERIFY(!m_view->rootObject()->property("showNewProjectSheet").toBool());
         QCOMPARE(names().size(), 3);
         // Opened again it is empty.
         openSheet();
-        QVERIFY(screen->shows(u"e.g., Medical LLM Fine-tuning"_s));
-        QVERIFY(!screen->button(u"Create Project"_s)->isEnabled());
+        QVERIFY(m_window->shows(u"e.g., Medical LLM Fine-tuning"_s));
+        QVERIFY(!m_window->button(u"Create Project"_s)->isEnabled());
     }
 
     void createsOneProjectHoweverOftenItsButtonIsPressed()
     {
-        world->environment.animations = true;
+        m_world->environment.animations = true;
         open();
         load();
         openSheet();
-        QVERIFY(eventually([&] { return screen->button(u"Create Project"_s) != nullptr; }));
-        screen->type(u"Mine"_s);
-        auto *button = screen->button(u"Create Project"_s);
-        screen->click(button);
+        QVERIFY(eventually([&] { return m_window->button(u"Create Project"_s) != nullptr; }));
+        m_window->type(u"Mine"_s);
+        auto *button = m_window->button(u"Create Project"_s);
+        m_window->click(button);
         // It still fades away.
         QVERIFY(sheet());
-        screen->click(button);
+        m_window->click(button);
         QVERIFY(eventually([&] { return !sheet(); }));
-        QCOMPARE(view->rootObject()->findChild<ProjectsViewModel *>()->projects().size(), 4);
+        QCOMPARE(m_view->rootObject()->findChild<ProjectsViewModel *>()->projects().size(), 4);
     }
 
     void growsTheDescriptionFromThreeToFiveLines()
@@ -539,22 +521,22 @@ private slots:
         open();
         load();
         openSheet();
-        auto *field = screen->all(u"GrowingField"_s).first();
+        auto *field = m_window->all(u"GrowingField"_s).first();
         auto *box = fieldBoxes()[1];
         const double three = field->height();
         QCOMPARE(box->height(), three + 24);
-        screen->press(Qt::Key_Tab);
+        m_window->press(Qt::Key_Tab);
         const double line = three / 3;
         for (int lines = 2; lines <= 8; ++lines) {
-            screen->press(Qt::Key_Return);
+            m_window->press(Qt::Key_Return);
             QCOMPARE(field->height(), line * std::clamp(lines, 3, 5));
             QCOMPARE(box->height(), field->height() + 24);
             // What is typed stays in sight, above the buttons.
-            QVERIFY(placeOf(box).bottom() < placeOf(screen->button(u"Cancel"_s)).top() - 24);
+            QVERIFY(placeOf(box).bottom() < placeOf(m_window->button(u"Cancel"_s)).top() - 24);
         }
         QCOMPARE(sheet()->size(), QSizeF(500, 400));
-        screen->type(u"x"_s);
-        screen->click(screen->text(u"Create New Project"_s));
+        m_window->type(u"x"_s);
+        m_window->click(m_window->text(u"Create New Project"_s));
     }
 
     void goesThroughTheSheetByTheTabulator()
@@ -562,16 +544,16 @@ private slots:
         open();
         load();
         openSheet();
-        screen->type(u"a"_s);
+        m_window->type(u"a"_s);
         QStringList way;
         for (int i = 0; i < 5; ++i) {
-            const auto *focus = QAccessible::queryAccessibleInterface(view->activeFocusItem());
+            const auto *focus = QAccessible::queryAccessibleInterface(m_view->activeFocusItem());
             way.append(focus->text(QAccessible::Name));
-            screen->press(Qt::Key_Tab);
+            m_window->press(Qt::Key_Tab);
         }
         QCOMPARE(way, QStringList({u"Project Name"_s, u"Description"_s, u"Cancel"_s, u"Create Project"_s, u"Close"_s}));
-        screen->button(u"Create Project"_s)->forceActiveFocus(Qt::TabFocusReason);
-        screen->press(Qt::Key_Return);
+        m_window->button(u"Create Project"_s)->forceActiveFocus(Qt::TabFocusReason);
+        m_window->press(Qt::Key_Return);
         redraw();
         QCOMPARE(names().first(), u"a"_s);
     }
@@ -582,13 +564,13 @@ private slots:
     {
         open();
         load();
-        view->rootObject()->findChild<ProjectsViewModel *>()->createProject(u"Mine"_s, {});
+        m_view->rootObject()->findChild<ProjectsViewModel *>()->createProject(u"Mine"_s, {});
         redraw();
         QCOMPARE(names().size(), 4);
         search(u"Mine"_s);
         close();
         open();
-        QCOMPARE(screen->all(u"Spinner"_s).size(), 1);
+        QCOMPARE(m_window->all(u"Spinner"_s).size(), 1);
         load();
         QCOMPARE(names(), QStringList({u"Medical LLM"_s, u"Code Assistant"_s, u"Customer Support Bot"_s}));
     }
@@ -597,29 +579,29 @@ private slots:
     {
         open();
         close();
-        world->clock.advance(1s);
-        QCOMPARE(world->clock.scheduledCount(), 0);
+        m_world->clock.advance(1s);
+        QCOMPARE(m_world->clock.scheduledCount(), 0);
     }
 
     void scrollsManyProjectsWithFewCards()
     {
         open();
         load();
-        auto *model = view->rootObject()->findChild<ProjectsViewModel *>();
+        auto *model = m_view->rootObject()->findChild<ProjectsViewModel *>();
         for (int i = 0; i < 300; ++i) {
             model->createProject(u"Project %1"_s.arg(i), {});
         }
         redraw();
         QCOMPARE(cards().first()->property("name").toString(), u"Project 299"_s);
-        QVERIFY(view->rootObject()->findChildren<QQuickItem *>().size() < 3'000);
-        auto *grid = screen->control(QAccessible::List, u"Projects"_s);
+        QVERIFY(m_view->rootObject()->findChildren<QQuickItem *>().size() < 3'000);
+        auto *grid = m_window->control(QAccessible::List, u"Projects"_s);
         grid->forceActiveFocus(Qt::TabFocusReason);
-        screen->press(Qt::Key_End);
+        m_window->press(Qt::Key_End);
         redraw();
         QVERIFY(names().contains(u"Customer Support Bot"_s));
         QCOMPARE(placeOf(cards().last()).bottom(), 760.0 - 24);
         QVERIFY(cards().size() < 30);
-        screen->press(Qt::Key_Home);
+        m_window->press(Qt::Key_Home);
         redraw();
         QCOMPARE(cards().first()->property("name").toString(), u"Project 299"_s);
     }
@@ -637,49 +619,33 @@ private slots:
         QCOMPARE(grid->text(QAccessible::Name), u"Projects"_s);
         openSheet();
         for (const QString &name : {u"Project Name"_s, u"Description"_s}) {
-            QCOMPARE(accessible(screen->field(name))->role(), QAccessible::EditableText);
+            QCOMPARE(accessible(m_window->field(name))->role(), QAccessible::EditableText);
         }
         for (const QString &name : {u"Close"_s, u"Cancel"_s, u"Create Project"_s}) {
-            QCOMPARE(accessible(screen->button(name))->role(), QAccessible::Button);
+            QCOMPARE(accessible(m_window->button(name))->role(), QAccessible::Button);
         }
     }
 
 private:
-    void open(QSize size = {980, 760})
-    {
-        failOnWarnings();
-        view = openView(u"Workspace/ProjectsView.qml"_s, size);
-        screen = std::make_unique<Window>(*view);
-    }
-    void close()
-    {
-        screen.reset();
-        view.reset();
-    }
-    // The grid takes changes over when the next picture is made.
-    void redraw()
-    {
-        settle();
-        view->grabWindow();
-    }
+    void open(QSize size = {980, 760}) { ViewTest::open(u"Workspace/ProjectsView.qml"_s, size); }
     void load()
     {
-        world->clock.advance(500ms);
+        m_world->clock.advance(500ms);
         redraw();
     }
     void search(const QString &text)
     {
-        screen->click(screen->all(u"SearchBox"_s).first());
-        screen->type(text);
+        m_window->click(m_window->all(u"SearchBox"_s).first());
+        m_window->type(text);
         redraw();
     }
     void openSheet()
     {
-        screen->click(screen->button(u"New Project"_s));
+        m_window->click(m_window->button(u"New Project"_s));
         redraw();
     }
 
-    QList<QQuickItem *> cards() const { return screen->all(u"ProjectCard"_s); }
+    QList<QQuickItem *> cards() const { return m_window->all(u"ProjectCard"_s); }
     QStringList names() const
     {
         QStringList names;
@@ -688,56 +654,48 @@ private:
         }
         return names;
     }
-    QQuickItem *sheet() const { return screen->all(u"NewProjectSheet"_s).value(0); }
+    QQuickItem *sheet() const { return m_window->all(u"NewProjectSheet"_s).value(0); }
     // The boxes around the two inputs of the sheet.
     QList<QQuickItem *> fieldBoxes() const
     {
         QList<QQuickItem *> boxes;
-        for (auto *field : screen->all(u"NewProjectField"_s)) {
+        for (auto *field : m_window->all(u"NewProjectField"_s)) {
             boxes.append(field->childItems().first()->childItems().at(1));
         }
         return boxes;
     }
-    static QString stroke(const QQuickItem *item)
-    {
-        return item->property("border").value<QObject *>()->property("color").value<QColor>().name(QColor::HexArgb);
-    }
 
     void expectStat(QQuickItem *stat, const QString &icon, const QString &value, const QString &label) const
     {
-        auto *symbol = screen->symbol(icon, stat);
+        auto *symbol = m_window->symbol(icon, stat);
         QVERIFY(symbol);
         QCOMPARE(symbol->property("size").toInt(), 10);
         QCOMPARE(colorOf(symbol), tertiary);
-        auto *figure = screen->text(value, stat);
+        auto *figure = m_window->text(value, stat);
         QCOMPARE(fontOf(figure), u"Inter 12 500"_s);
         QCOMPARE(colorOf(figure), white);
-        QCOMPARE(placeIn(stat, figure).left() - placeIn(stat, symbol).right(), 4.0);
-        auto *word = screen->text(label, stat);
+        QCOMPARE(placeIn(figure, stat).left() - placeIn(symbol, stat).right(), 4.0);
+        auto *word = m_window->text(label, stat);
         QCOMPARE(fontOf(word), u"Inter 10 400"_s);
         QCOMPARE(colorOf(word), tertiary);
-        QCOMPARE(placeIn(stat, word).left() - placeIn(stat, figure).right(), 4.0);
+        QCOMPARE(placeIn(word, stat).left() - placeIn(figure, stat).right(), 4.0);
     }
 
     void expectField(QQuickItem *form, const QString &label, const QString &placeholder, double top) const
     {
-        auto *name = screen->text(label, form);
+        auto *name = m_window->text(label, form);
         QCOMPARE(fontOf(name), u"Inter 14 500"_s);
         QCOMPARE(colorOf(name), secondary);
-        QCOMPARE(placeIn(form, name).topLeft(), QPointF(24, top));
-        auto *hint = screen->text(placeholder, form);
+        QCOMPARE(placeIn(name, form).topLeft(), QPointF(24, top));
+        auto *hint = m_window->text(placeholder, form);
         QVERIFY(hint);
         auto *box = name->parentItem()->childItems().at(1);
         QCOMPARE(colorOf(box), surface);
         QCOMPARE(box->property("radius").toInt(), 8);
-        QCOMPARE(placeIn(form, box).top() - placeIn(form, name).bottom(), 8.0);
+        QCOMPARE(placeIn(box, form).top() - placeIn(name, form).bottom(), 8.0);
         QCOMPARE(box->width(), 452.0);
-        QCOMPARE(placeIn(box, hint).topLeft(), QPointF(12, 12));
+        QCOMPARE(placeIn(hint, box).topLeft(), QPointF(12, 12));
     }
-
-    std::unique_ptr<TestEnvironment> world;
-    std::unique_ptr<QQuickView> view;
-    std::unique_ptr<Window> screen;
 };
 
 QTEST_MAIN(tst_ProjectsView)

@@ -1,7 +1,6 @@
 #include "identity/AuthManager.h"
 #include "support/CapturedOutput.h"
-#include "support/TestEnvironment.h"
-#include "support/Window.h"
+#include "support/ViewTest.h"
 #include "workspace/settings/SettingsViewModel.h"
 
 #include <QDirIterator>
@@ -34,20 +33,9 @@ UserProfile user(const std::optional<QString> &name, const QString &email = u"ad
     return {.id = u"u1"_s, .email = email, .name = name, .avatarUrl = {}};
 }
 
-// Seen from an item, in points.
-QRectF placeIn(const QQuickItem *surroundings, const QQuickItem *item)
-{
-    return item->mapRectToItem(surroundings, QRectF(0, 0, item->width(), item->height()));
-}
-
-QAccessibleInterface *accessible(QQuickItem *item)
-{
-    return QAccessible::queryAccessibleInterface(item);
-}
-
 } // namespace
 
-class tst_SettingsView : public QObject {
+class tst_SettingsView : public ViewTest {
     Q_OBJECT
 
 public:
@@ -61,20 +49,13 @@ public:
     }
 
 private slots:
-    void init() { world = std::make_unique<TestEnvironment>(); }
-    void cleanup()
-    {
-        close();
-        world.reset();
-    }
-
     // The shell
 
     void keepsTheLookOfItsColumn()
     {
         open();
-        QCOMPARE(colorOf(view->rootObject()), u"#ff09090b"_s);
-        const auto rows = screen->all(u"SettingsRow"_s);
+        QCOMPARE(colorOf(m_view->rootObject()), u"#ff09090b"_s);
+        const auto rows = m_window->all(u"SettingsRow"_s);
         QCOMPARE(rows.size(), 5);
         auto *column = rows[4]->parentItem();
         QCOMPARE(column->size(), QSizeF(220, 760));
@@ -94,7 +75,7 @@ private slots:
         QCOMPARE(ground(rows[1]), u"#00000000"_s);
         QCOMPARE(ground(rows[4]), u"#00000000"_s);
 
-        auto *line = screen->all(u"Divider"_s).first();
+        auto *line = m_window->all(u"Divider"_s).first();
         QCOMPARE(placeOf(line), QRectF(220, 0, 1, 760));
         QCOMPARE(colorOf(line), border);
     }
@@ -110,12 +91,12 @@ private slots:
     {
         QFETCH(QString, section);
         open();
-        QVERIFY(!screen->all(u"AccountSection"_s).isEmpty());
+        QVERIFY(!m_window->all(u"AccountSection"_s).isEmpty());
         choose(section);
         for (const QString &each : {u"Account"_s, u"Subscription"_s, u"Preferences"_s, u"About"_s}) {
-            QCOMPARE(!screen->all(each + u"Section"_s).isEmpty(), each == section);
+            QCOMPARE(!m_window->all(each + u"Section"_s).isEmpty(), each == section);
         }
-        for (auto *row : screen->all(u"SettingsRow"_s).mid(0, 4)) {
+        for (auto *row : m_window->all(u"SettingsRow"_s).mid(0, 4)) {
             QCOMPARE(row->property("selected").toBool(), row->property("text").toString() == section);
         }
         auto *title = page()->childItems().first();
@@ -131,13 +112,13 @@ private slots:
     {
         open();
         for (int i = 0; i < 2; ++i) {
-            screen->press(Qt::Key_Tab);
+            m_window->press(Qt::Key_Tab);
         }
-        screen->press(Qt::Key_Space);
-        QVERIFY(!screen->all(u"SubscriptionSection"_s).isEmpty());
-        screen->press(Qt::Key_Tab);
-        screen->press(Qt::Key_Return);
-        QVERIFY(!screen->all(u"PreferencesSection"_s).isEmpty());
+        m_window->press(Qt::Key_Space);
+        QVERIFY(!m_window->all(u"SubscriptionSection"_s).isEmpty());
+        m_window->press(Qt::Key_Tab);
+        m_window->press(Qt::Key_Return);
+        QVERIFY(!m_window->all(u"PreferencesSection"_s).isEmpty());
     }
 
     void scrollsASectionThatIsTooHighAndShowsTheNextFromItsTop()
@@ -147,7 +128,7 @@ private slots:
         auto *pane = page()->parentItem()->parentItem()->parentItem();
         QCOMPARE(pane->property("contentHeight").toDouble(), page()->height() + 64);
         pane->forceActiveFocus(Qt::TabFocusReason);
-        screen->press(Qt::Key_End);
+        m_window->press(Qt::Key_End);
         QVERIFY(pane->property("contentY").toDouble() > 0);
         QCOMPARE(placeOf(page()).bottom(), 300.0 - 32);
         choose(u"Subscription"_s);
@@ -156,34 +137,34 @@ private slots:
 
     void logsOutAtOnceWithoutAQuestion()
     {
-        world->isSignedIn();
-        world->secrets.save(u"the refresh token"_s, u"quillmere_refresh_token"_s);
+        m_world->isSignedIn();
+        m_world->secrets.save(u"the refresh token"_s, u"quillmere_refresh_token"_s);
         open();
         QVERIFY(eventually([&] { return AuthManager::shared().hasCurrentUser(); }));
-        world->service.forgetRequests();
-        screen->click(screen->button(u"Log Out"_s));
+        m_world->service.forgetRequests();
+        m_window->click(m_window->button(u"Log Out"_s));
         QVERIFY(!AuthManager::shared().isAuthenticated());
         QVERIFY(!AuthManager::shared().hasCurrentUser());
-        QVERIFY(!world->secrets.peek(u"quillmere_auth_token"_s));
-        QVERIFY(!world->secrets.peek(u"quillmere_refresh_token"_s));
-        QVERIFY(screen->all(u"AlertPanel"_s).isEmpty());
+        QVERIFY(!m_world->secrets.peek(u"quillmere_auth_token"_s));
+        QVERIFY(!m_world->secrets.peek(u"quillmere_refresh_token"_s));
+        QVERIFY(m_window->all(u"AlertPanel"_s).isEmpty());
         settle();
-        QVERIFY(world->service.requests().isEmpty());
+        QVERIFY(m_world->service.requests().isEmpty());
     }
 
     void loadsTheUserEachTimeItAppears()
     {
-        world->isSignedIn();
+        m_world->isSignedIn();
         for (int visit = 1; visit <= 2; ++visit) {
             open();
             QVERIFY(eventually([&] { return !model()->isLoading(); }));
-            QCOMPARE(world->service.requests("GET", "/v1/auth/me").size(), visit);
+            QCOMPARE(m_world->service.requests("GET", "/v1/auth/me").size(), visit);
             choose(u"About"_s);
             choose(u"Account"_s);
             close();
         }
         settle();
-        QCOMPARE(world->service.requests("GET", "/v1/auth/me").size(), 2);
+        QCOMPARE(m_world->service.requests("GET", "/v1/auth/me").size(), 2);
     }
 
     // Account
@@ -192,50 +173,50 @@ private slots:
     {
         AuthManager::shared().setCurrentUser(user(u"ada lovelace"_s));
         open();
-        auto *card = screen->all(u"SettingsCard"_s).first();
+        auto *card = m_window->all(u"SettingsCard"_s).first();
         expectCard(card, 12);
-        auto *initial = screen->text(u"A"_s, card);
+        auto *initial = m_window->text(u"A"_s, card);
         QCOMPARE(fontOf(initial), u"Inter 32 700"_s);
         QCOMPARE(colorOf(initial), accent);
         auto *avatar = initial->parentItem();
-        QCOMPARE(placeIn(card, avatar).topLeft(), QPointF(24, 24));
+        QCOMPARE(placeIn(avatar, card).topLeft(), QPointF(24, 24));
         QCOMPARE(avatar->size(), QSizeF(80, 80));
         QCOMPARE(avatar->property("radius").toDouble(), 40.0);
         QCOMPARE(colorOf(avatar), u"#333b82f6"_s);
-        QVERIFY(!screen->symbol(u"person.fill"_s));
+        QVERIFY(!m_window->symbol(u"person.fill"_s));
 
-        auto *name = screen->text(u"ada lovelace"_s, card);
+        auto *name = m_window->text(u"ada lovelace"_s, card);
         QCOMPARE(fontOf(name), u"Space Grotesk 18 500"_s);
         QCOMPARE(colorOf(name), white);
-        QCOMPARE(placeIn(card, name).left(), 24.0 + 80 + 20);
-        auto *email = screen->text(u"ada@example.org"_s, card);
+        QCOMPARE(placeIn(name, card).left(), 24.0 + 80 + 20);
+        auto *email = m_window->text(u"ada@example.org"_s, card);
         QCOMPARE(fontOf(email), u"Inter 14 400"_s);
         QCOMPARE(colorOf(email), secondary);
         QCOMPARE(placeOf(email).top() - placeOf(name).bottom(), 6.0);
-        auto *edit = screen->button(u"Edit Profile"_s);
+        auto *edit = m_window->button(u"Edit Profile"_s);
         QVERIFY(QString::fromLatin1(edit->metaObject()->className()).startsWith(u"SecondaryButton"_s));
-        QCOMPARE(placeIn(card, edit).right(), card->width() - 24);
+        QCOMPARE(placeIn(edit, card).right(), card->width() - 24);
         QCOMPARE(card->height(), 80.0 + 48);
     }
 
     void showsThatNobodyIsSignedIn()
     {
         open();
-        QCOMPARE(fontOf(screen->text(u"Not Signed In"_s)), u"Space Grotesk 18 500"_s);
-        auto *person = screen->symbol(u"person.fill"_s);
+        QCOMPARE(fontOf(m_window->text(u"Not Signed In"_s)), u"Space Grotesk 18 500"_s);
+        auto *person = m_window->symbol(u"person.fill"_s);
         QCOMPARE(person->property("size").toInt(), 32);
         QCOMPARE(colorOf(person), tertiary);
-        QVERIFY(screen->shows(u"Not authenticated"_s));
-        QVERIFY(!screen->texts(screen->all(u"SettingsCard"_s).first()).contains(QString()));
+        QVERIFY(m_window->shows(u"Not authenticated"_s));
+        QVERIFY(!m_window->texts(m_window->all(u"SettingsCard"_s).first()).contains(QString()));
     }
 
     void callsAUserWithoutANameUser()
     {
         AuthManager::shared().setCurrentUser(user({}, u"grace@example.org"_s));
         open();
-        QVERIFY(screen->shows(u"User"_s));
-        QVERIFY(screen->shows(u"G"_s));
-        QVERIFY(screen->shows(u"grace@example.org"_s));
+        QVERIFY(m_window->shows(u"User"_s));
+        QVERIFY(m_window->shows(u"G"_s));
+        QVERIFY(m_window->shows(u"grace@example.org"_s));
     }
 
     void showsAnyNameAsItStands_data()
@@ -253,19 +234,19 @@ private slots:
         QFETCH(QString, name);
         AuthManager::shared().setCurrentUser(user(name, name));
         open();
-        auto *card = screen->all(u"SettingsCard"_s).first();
+        auto *card = m_window->all(u"SettingsCard"_s).first();
         QCOMPARE(card->height(), 128.0);
         auto *avatar = card->childItems().first()->childItems().first()->childItems().first();
         QCOMPARE(avatar->size(), QSizeF(80, 80));
         QVERIFY(avatar->childItems().first()->property("contentWidth").toDouble() <= 80);
         int shown = 0;
-        for (auto *label : screen->all(u"Label"_s)) {
+        for (auto *label : m_window->all(u"Label"_s)) {
             if (label->property("text").toString() == name && !avatar->isAncestorOf(label)) {
                 ++shown;
                 QCOMPARE(label->property("textFormat").toInt(), int(Qt::PlainText));
                 QCOMPARE(label->property("lineCount").toInt(), 1);
-                QCOMPARE(placeIn(card, label).left(), 124.0);
-                QVERIFY(placeOf(label).right() < placeOf(screen->button(u"Edit Profile"_s)).left());
+                QCOMPARE(placeIn(label, card).left(), 124.0);
+                QVERIFY(placeOf(label).right() < placeOf(m_window->button(u"Edit Profile"_s)).left());
                 QVERIFY(label->property("contentWidth").toDouble() <= label->width());
             }
         }
@@ -274,60 +255,60 @@ private slots:
 
     void showsTheMaskedToken()
     {
-        world->secrets.save(u"abcdXYZsecretXYZwxyz"_s, u"quillmere_auth_token"_s);
+        m_world->secrets.save(u"abcdXYZsecretXYZwxyz"_s, u"quillmere_auth_token"_s);
         open();
         settle();
-        auto *heading = screen->text(u"API Access"_s);
+        auto *heading = m_window->text(u"API Access"_s);
         QCOMPARE(fontOf(heading), u"Inter 14 500"_s);
         QCOMPARE(colorOf(heading), secondary);
-        auto *card = screen->all(u"SettingsCard"_s)[1];
+        auto *card = m_window->all(u"SettingsCard"_s)[1];
         expectCard(card, 8);
         QCOMPARE(placeOf(card).top() - placeOf(heading).bottom(), 16.0);
-        auto *label = screen->text(u"Auth Token"_s, card);
+        auto *label = m_window->text(u"Auth Token"_s, card);
         QCOMPARE(fontOf(label), u"Inter 12 400"_s);
         QCOMPARE(colorOf(label), tertiary);
-        auto *token = screen->text(u"abcd••••••••wxyz"_s, card);
+        auto *token = m_window->text(u"abcd••••••••wxyz"_s, card);
         QCOMPARE(fontOf(token), u"Geist Mono 12 400"_s);
         QCOMPARE(colorOf(token), white);
-        QCOMPARE(placeIn(card, token).left(), 16.0);
+        QCOMPARE(placeIn(token, card).left(), 16.0);
         QCOMPARE(placeOf(token).top() - placeOf(label).bottom(), 4.0);
-        auto *button = screen->button(u"Regenerate"_s);
+        auto *button = m_window->button(u"Regenerate"_s);
         QVERIFY(QString::fromLatin1(button->metaObject()->className()).startsWith(u"SecondaryButton"_s));
-        QCOMPARE(placeIn(card, button).right(), card->width() - 16);
+        QCOMPARE(placeIn(button, card).right(), card->width() - 16);
     }
 
     void showsNoTokenUntilTheStoreAnswers()
     {
-        world->secrets.save(u"abcdefghi"_s, u"quillmere_auth_token"_s);
-        world->secrets.hold();
+        m_world->secrets.save(u"abcdefghi"_s, u"quillmere_auth_token"_s);
+        m_world->secrets.hold();
         open();
         settle();
-        QVERIFY(screen->shows(u"Not authenticated"_s));
-        world->secrets.answer();
-        QVERIFY(eventually([&] { return screen->shows(u"abcd••••••••fghi"_s); }));
+        QVERIFY(m_window->shows(u"Not authenticated"_s));
+        m_world->secrets.answer();
+        QVERIFY(eventually([&] { return m_window->shows(u"abcd••••••••fghi"_s); }));
     }
 
     void readsTheTokenAnewWhenTheSectionIsShownAgain()
     {
-        world->secrets.save(u"12345678"_s, u"quillmere_auth_token"_s);
+        m_world->secrets.save(u"12345678"_s, u"quillmere_auth_token"_s);
         open();
         settle();
-        QVERIFY(screen->shows(u"Not authenticated"_s));
+        QVERIFY(m_window->shows(u"Not authenticated"_s));
         choose(u"About"_s);
-        world->secrets.save(u"123456789"_s, u"quillmere_auth_token"_s);
+        m_world->secrets.save(u"123456789"_s, u"quillmere_auth_token"_s);
         choose(u"Account"_s);
-        QVERIFY(screen->shows(u"1234••••••••6789"_s));
+        QVERIFY(m_window->shows(u"1234••••••••6789"_s));
     }
 
     void keepsTheLastUserOnDisplayWhenTheServiceFails()
     {
-        world->isSignedIn();
-        world->service.on("GET /v1/auth/me").answers(500);
+        m_world->isSignedIn();
+        m_world->service.on("GET /v1/auth/me").answers(500);
         AuthManager::shared().setCurrentUser(user(u"Ada"_s));
         CapturedOutput output;
         open();
         QVERIFY(eventually([&] { return !model()->isLoading(); }));
-        QVERIFY(screen->shows(u"Ada"_s));
+        QVERIFY(m_window->shows(u"Ada"_s));
         QCOMPARE(output.lines().size(), 1);
     }
 
@@ -357,24 +338,24 @@ private slots:
             model()->setSubscription(SubscriptionInfo{true, plan, {}, {u"Everything & more"_s}});
             redraw();
         }
-        auto *card = screen->all(u"SettingsCard"_s).first();
+        auto *card = m_window->all(u"SettingsCard"_s).first();
         expectCard(card, 12);
-        auto *shown = screen->all(u"Badge"_s).first();
-        auto *word = screen->text(badge, shown);
+        auto *shown = m_window->all(u"Badge"_s).first();
+        auto *word = m_window->text(badge, shown);
         QVERIFY(word);
         QCOMPARE(fontOf(word), u"Inter 12 700"_s);
         QCOMPARE(colorOf(word), tint);
         QCOMPARE(colorOf(shown), u"#26"_s + tint.mid(3));
         QCOMPARE(shown->property("radius").toDouble(), 4.0);
         QCOMPARE(shown->size(), QSizeF(std::ceil(word->implicitWidth() + 20), word->implicitHeight() + 8));
-        QCOMPARE(placeIn(card, shown).left(), 24.0);
-        auto *current = screen->text(u"Current Plan"_s);
+        QCOMPARE(placeIn(shown, card).left(), 24.0);
+        auto *current = m_window->text(u"Current Plan"_s);
         QCOMPARE(fontOf(current), u"Inter 12 400"_s);
         QCOMPARE(colorOf(current), tertiary);
         QCOMPARE(placeOf(current).top() - placeOf(shown).bottom(), 6.0);
-        QVERIFY(screen->shows(usage));
+        QVERIFY(m_window->shows(usage));
 
-        auto *active = screen->text(u"Active"_s);
+        auto *active = m_window->text(u"Active"_s);
         QCOMPARE(active != nullptr, !plan.isEmpty());
         if (active) {
             QCOMPARE(fontOf(active), u"Inter 11 500"_s);
@@ -384,8 +365,8 @@ private slots:
             QCOMPARE(colorOf(dot), green);
             QCOMPARE(placeOf(active).left() - placeOf(dot).right(), 4.0);
             QCOMPARE(placeOf(dot).left() - placeOf(shown).right(), 8.0);
-            QVERIFY(screen->shows(u"Everything & more"_s));
-            QVERIFY(!screen->shows(u"Local fine-tuning"_s));
+            QVERIFY(m_window->shows(u"Everything & more"_s));
+            QVERIFY(!m_window->shows(u"Local fine-tuning"_s));
         }
     }
 
@@ -394,38 +375,38 @@ private slots:
         open();
         choose(u"Subscription"_s);
         model()->setSubscription(SubscriptionInfo{false, u"pro"_s, {}, {}});
-        QVERIFY(screen->shows(u"PRO"_s));
-        QVERIFY(!screen->shows(u"Active"_s));
-        QVERIFY(screen->shows(u"Included Features"_s));
-        QVERIFY(!screen->symbol(u"checkmark.circle.fill"_s));
+        QVERIFY(m_window->shows(u"PRO"_s));
+        QVERIFY(!m_window->shows(u"Active"_s));
+        QVERIFY(m_window->shows(u"Included Features"_s));
+        QVERIFY(!m_window->symbol(u"checkmark.circle.fill"_s));
     }
 
     void listsTheBuiltInFeaturesWithoutASubscription()
     {
         open();
         choose(u"Subscription"_s);
-        auto *heading = screen->text(u"Included Features"_s);
+        auto *heading = m_window->text(u"Included Features"_s);
         QCOMPARE(fontOf(heading), u"Inter 11 700"_s);
         QCOMPARE(colorOf(heading), tertiary);
-        auto *line = screen->all(u"Divider"_s).last();
+        auto *line = m_window->all(u"Divider"_s).last();
         QCOMPARE(colorOf(line), border);
         QCOMPARE(placeOf(heading).top() - placeOf(line).bottom(), 16.0);
         double above = placeOf(heading).bottom();
         for (const QString &feature : {u"Local fine-tuning"_s, u"3 models max"_s, u"Community support"_s}) {
-            auto *label = screen->text(feature);
+            auto *label = m_window->text(feature);
             QCOMPARE(fontOf(label), u"Inter 12 400"_s);
             QCOMPARE(colorOf(label), secondary);
             auto *row = label->parentItem();
             QCOMPARE(placeOf(row).top() - above, 12.0);
             above = placeOf(row).bottom();
-            auto *mark = screen->symbol(u"checkmark.circle.fill"_s, row);
+            auto *mark = m_window->symbol(u"checkmark.circle.fill"_s, row);
             QCOMPARE(mark->property("size").toInt(), 14);
             QCOMPARE(colorOf(mark), green);
             QCOMPARE(placeOf(label).left() - placeOf(mark).right(), 10.0);
         }
-        auto *upgrade = screen->button(u"Upgrade"_s);
+        auto *upgrade = m_window->button(u"Upgrade"_s);
         QVERIFY(QString::fromLatin1(upgrade->metaObject()->className()).startsWith(u"PrimaryButton"_s));
-        QVERIFY(!screen->shows(u"Active"_s));
+        QVERIFY(!m_window->shows(u"Active"_s));
     }
 
     void keepsItsShapeWithAnyFeatureAndPlan()
@@ -435,25 +416,25 @@ private slots:
         const QString longText(10'000, u'x');
         model()->setSubscription(SubscriptionInfo{true, longText, {}, {u"<i>a</i> & b"_s, longText.left(500)}});
         redraw();
-        auto *card = screen->all(u"SettingsCard"_s).first();
-        QVERIFY(screen->shows(u"<i>a</i> & b"_s));
-        auto *badge = screen->all(u"Badge"_s).first();
-        QVERIFY(placeOf(badge).right() < placeOf(screen->text(u"Active"_s)).left());
-        QVERIFY(placeOf(screen->text(u"Active"_s)).right() < placeOf(screen->button(u"Upgrade"_s)).left());
-        QVERIFY(placeOf(screen->text(longText.left(500))).right() <= placeOf(card).right() - 24);
+        auto *card = m_window->all(u"SettingsCard"_s).first();
+        QVERIFY(m_window->shows(u"<i>a</i> & b"_s));
+        auto *badge = m_window->all(u"Badge"_s).first();
+        QVERIFY(placeOf(badge).right() < placeOf(m_window->text(u"Active"_s)).left());
+        QVERIFY(placeOf(m_window->text(u"Active"_s)).right() < placeOf(m_window->button(u"Upgrade"_s)).left());
+        QVERIFY(placeOf(m_window->text(longText.left(500))).right() <= placeOf(card).right() - 24);
     }
 
     void keepsTheLookOfTheUsage()
     {
         open();
         choose(u"Subscription"_s);
-        auto *card = screen->all(u"SettingsCard"_s).last();
+        auto *card = m_window->all(u"SettingsCard"_s).last();
         expectCard(card, 12);
-        auto *heading = screen->text(u"Usage This Month"_s, card);
+        auto *heading = m_window->text(u"Usage This Month"_s, card);
         QCOMPARE(fontOf(heading), u"Inter 14 500"_s);
         QCOMPARE(colorOf(heading), secondary);
-        QCOMPARE(placeIn(card, heading).topLeft(), QPointF(20, 20));
-        const auto items = screen->all(u"UsageStatItem"_s);
+        QCOMPARE(placeIn(heading, card).topLeft(), QPointF(20, 20));
+        const auto items = m_window->all(u"UsageStatItem"_s);
         QCOMPARE(items.size(), 3);
         expectUsage(items[0], u"MODELS"_s, u"2/3"_s, 2.0 / 3);
         expectUsage(items[1], u"TRAINING JOBS"_s, u"5/10"_s, 0.5);
@@ -480,7 +461,7 @@ private slots:
         QFETCH(int, limit);
         QFETCH(bool, isRed);
         open();
-        QQmlComponent component(view->engine(), QUrl(u"qrc:/qt/qml/Quillmere/Workspace/UsageStatItem.qml"_s));
+        QQmlComponent component(m_view->engine(), QUrl(u"qrc:/qt/qml/Quillmere/Workspace/UsageStatItem.qml"_s));
         const std::unique_ptr<QObject> made(
             component.createWithInitialProperties({{u"label"_s, u"Models"_s}, {u"used"_s, used}, {u"limit"_s, limit}}));
         const auto *bar = qobject_cast<QQuickItem *>(made.get())->childItems().last();
@@ -495,42 +476,42 @@ private slots:
     {
         open();
         choose(u"Preferences"_s);
-        const auto groups = screen->all(u"SettingsGroup"_s);
-        const auto panels = screen->all(u"SettingsCard"_s);
+        const auto groups = m_window->all(u"SettingsGroup"_s);
+        const auto panels = m_window->all(u"SettingsCard"_s);
         QCOMPARE(groups.size(), 3);
         QCOMPARE(panels.size(), 3);
         const QStringList headings{u"Appearance"_s, u"Defaults"_s, u"Privacy"_s};
         for (int i = 0; i < 3; ++i) {
-            auto *heading = screen->text(headings[i], groups[i]);
+            auto *heading = m_window->text(headings[i], groups[i]);
             QCOMPARE(fontOf(heading), u"Inter 14 500"_s);
             QCOMPARE(colorOf(heading), secondary);
             expectCard(panels[i], 8);
             QCOMPARE(placeOf(panels[i]).top() - placeOf(heading).bottom(), 16.0);
         }
 
-        auto *theme = screen->text(u"Theme"_s, panels[0]);
+        auto *theme = m_window->text(u"Theme"_s, panels[0]);
         QCOMPARE(fontOf(theme), u"Inter 14 400"_s);
         QCOMPARE(colorOf(theme), white);
-        QCOMPARE(placeIn(panels[0], theme).topLeft(), QPointF(16, 16));
-        auto *dark = screen->text(u"Dark"_s, panels[0]);
+        QCOMPARE(placeIn(theme, panels[0]).topLeft(), QPointF(16, 16));
+        auto *dark = m_window->text(u"Dark"_s, panels[0]);
         QCOMPARE(colorOf(dark), tertiary);
-        QCOMPARE(placeIn(panels[0], dark).right(), panels[0]->width() - 16);
+        QCOMPARE(placeIn(dark, panels[0]).right(), panels[0]->width() - 16);
 
-        const auto rows = screen->all(u"PreferenceRow"_s);
+        const auto rows = m_window->all(u"PreferenceRow"_s);
         QCOMPARE(rows.size(), 3);
         expectPreference(rows[0], u"Default Base Model"_s, u"Llama 3 8B"_s);
         expectPreference(rows[1], u"Default Batch Size"_s, u"4"_s);
         expectPreference(rows[2], u"Default Epochs"_s, u"3"_s);
-        QCOMPARE(screen->all(u"Divider"_s).size(), 1 + 2 + 1);
+        QCOMPARE(m_window->all(u"Divider"_s).size(), 1 + 2 + 1);
 
-        const auto switches = screen->all(u"Switch"_s);
+        const auto switches = m_window->all(u"Switch"_s);
         QCOMPARE(switches.size(), 2);
         QCOMPARE(switches[0]->property("text").toString(), u"Send anonymous usage analytics"_s);
         QCOMPARE(switches[1]->property("text").toString(), u"Training job notifications"_s);
         for (auto *each : switches) {
             QVERIFY(each->property("checked").toBool());
-            QCOMPARE(placeIn(panels[2], each).left(), 16.0);
-            QCOMPARE(placeIn(panels[2], each).right(), panels[2]->width() - 16);
+            QCOMPARE(placeIn(each, panels[2]).left(), 16.0);
+            QCOMPARE(placeIn(each, panels[2]).right(), panels[2]->width() - 16);
         }
     }
 
@@ -539,16 +520,16 @@ private slots:
         open();
         choose(u"Preferences"_s);
         auto *section = page();
-        const auto switches = screen->all(u"Switch"_s);
-        screen->click(switches[0]);
+        const auto switches = m_window->all(u"Switch"_s);
+        m_window->click(switches[0]);
         QVERIFY(!section->property("enableAnalytics").toBool());
         QVERIFY(section->property("enableNotifications").toBool());
         QVERIFY(!switches[0]->property("checked").toBool());
         switches[1]->forceActiveFocus(Qt::TabFocusReason);
-        screen->press(Qt::Key_Space);
+        m_window->press(Qt::Key_Space);
         QVERIFY(!section->property("enableNotifications").toBool());
         QVERIFY(!switches[1]->property("checked").toBool());
-        screen->press(Qt::Key_Space);
+        m_window->press(Qt::Key_Space);
         QVERIFY(section->property("enableNotifications").toBool());
         QVERIFY(switches[1]->property("checked").toBool());
     }
@@ -557,11 +538,11 @@ private slots:
     {
         open();
         choose(u"Preferences"_s);
-        screen->click(screen->all(u"Switch"_s).first());
+        m_window->click(m_window->all(u"Switch"_s).first());
         choose(u"About"_s);
         choose(u"Preferences"_s);
         QVERIFY(page()->property("enableAnalytics").toBool());
-        QVERIFY(screen->all(u"Switch"_s).first()->property("checked").toBool());
+        QVERIFY(m_window->all(u"Switch"_s).first()->property("checked").toBool());
         QCOMPARE(page()->property("defaultModel").toString(), u"Llama 3 8B"_s);
     }
 
@@ -569,8 +550,8 @@ private slots:
     {
         open();
         choose(u"Preferences"_s);
-        for (auto *each : screen->all(u"Switch"_s)) {
-            screen->click(each);
+        for (auto *each : m_window->all(u"Switch"_s)) {
+            m_window->click(each);
         }
         choose(u"Account"_s);
         close();
@@ -581,7 +562,7 @@ private slots:
             files.append(home.next());
         }
         QCOMPARE(files, QStringList());
-        QVERIFY(world->service.requests().isEmpty());
+        QVERIFY(m_world->service.requests().isEmpty());
     }
 
     // About
@@ -590,23 +571,23 @@ private slots:
     {
         open();
         choose(u"About"_s);
-        auto *card = screen->all(u"SettingsCard"_s).first();
+        auto *card = m_window->all(u"SettingsCard"_s).first();
         expectCard(card, 12);
-        auto *bolt = screen->symbol(u"bolt.fill"_s, card);
+        auto *bolt = m_window->symbol(u"bolt.fill"_s, card);
         QCOMPARE(bolt->property("size").toInt(), 40);
         QCOMPARE(colorOf(bolt), accent);
-        QCOMPARE(placeIn(card, bolt).left(), 24.0);
-        auto *name = screen->text(u"Quillmere Studio"_s, card);
+        QCOMPARE(placeIn(bolt, card).left(), 24.0);
+        auto *name = m_window->text(u"Quillmere Studio"_s, card);
         QCOMPARE(fontOf(name), u"Space Grotesk 18 500"_s);
         QCOMPARE(colorOf(name), white);
         QCOMPARE(placeOf(name).left() - placeOf(bolt).right(), 16.0);
-        auto *version = screen->text(u"Version 1.0.0"_s, card);
+        auto *version = m_window->text(u"Version 1.0.0"_s, card);
         QCOMPARE(fontOf(version), u"Inter 12 400"_s);
         QCOMPARE(colorOf(version), tertiary);
         QCOMPARE(placeOf(version).top() - placeOf(name).bottom(), 4.0);
-        auto *words = screen->text(u"Fine-tune LLMs locally with ease. Quillmere Studio provides a simple, intuitive "
-                                   u"interface for training custom "
-                                   "language models on your own hardware."_s);
+        auto *words = m_window->text(u"Fine-tune LLMs locally with ease. Quillmere Studio provides a simple, intuitive "
+                                     u"interface for training custom "
+                                     "language models on your own hardware."_s);
         QCOMPARE(fontOf(words), u"Inter 14 400"_s);
         QCOMPARE(colorOf(words), secondary);
         QCOMPARE(placeOf(words).top() - placeOf(bolt->parentItem()).bottom(), 16.0);
@@ -615,24 +596,24 @@ private slots:
 
     void opensEachLinkInTheBrowser()
     {
-        world->environment.hosts.webSite = u"https://site.example"_s;
-        world->environment.hosts.supportAddress = u"help@site.example"_s;
+        m_world->environment.hosts.webSite = u"https://site.example"_s;
+        m_world->environment.hosts.supportAddress = u"help@site.example"_s;
         open();
         choose(u"About"_s);
-        auto *card = screen->all(u"SettingsCard"_s).last();
+        auto *card = m_window->all(u"SettingsCard"_s).last();
         expectCard(card, 12);
-        const auto links = screen->all(u"AboutLink"_s);
+        const auto links = m_window->all(u"AboutLink"_s);
         QCOMPARE(links.size(), 4);
         expectLink(links[0], u"book"_s, u"Documentation"_s);
         expectLink(links[1], u"hand.raised"_s, u"Privacy Policy"_s);
         expectLink(links[2], u"doc.text"_s, u"Terms of Service"_s);
         expectLink(links[3], u"envelope"_s, u"Contact Support"_s);
         for (auto *link : links) {
-            screen->click(link);
+            m_window->click(link);
         }
-        screen->control(QAccessible::Link, u"Privacy Policy"_s)->forceActiveFocus(Qt::TabFocusReason);
-        screen->press(Qt::Key_Return);
-        QCOMPARE(world->urlOpener.opened,
+        m_window->control(QAccessible::Link, u"Privacy Policy"_s)->forceActiveFocus(Qt::TabFocusReason);
+        m_window->press(Qt::Key_Return);
+        QCOMPARE(m_world->urlOpener.opened,
             QList<QUrl>({QUrl(u"https://site.example/docs"_s), QUrl(u"https://site.example/privacy"_s),
                 QUrl(u"https://site.example/terms"_s), QUrl(u"mailto:help@site.example"_s),
                 QUrl(u"https://site.example/privacy"_s)}));
@@ -640,15 +621,15 @@ private slots:
 
     void doesNothingForALinkThatIsNoUrl()
     {
-        world->environment.hosts.webSite = u"not a host"_s;
-        world->environment.hosts.supportAddress = u"no address"_s;
+        m_world->environment.hosts.webSite = u"not a host"_s;
+        m_world->environment.hosts.supportAddress = u"no address"_s;
         open();
         choose(u"About"_s);
         CapturedOutput output;
-        for (auto *link : screen->all(u"AboutLink"_s)) {
-            screen->click(link);
+        for (auto *link : m_window->all(u"AboutLink"_s)) {
+            m_window->click(link);
         }
-        QVERIFY(world->urlOpener.opened.isEmpty());
+        QVERIFY(m_world->urlOpener.opened.isEmpty());
         QVERIFY(output.lines().isEmpty());
     }
 
@@ -670,37 +651,37 @@ private slots:
     {
         QFETCH(QString, section);
         QFETCH(QString, what);
-        const QString token = world->isSignedIn();
+        const QString token = m_world->isSignedIn();
         open();
         QVERIFY(eventually([&] { return !model()->isLoading(); }));
         choose(section);
-        world->service.forgetRequests();
-        world->secrets.reads.clear();
+        m_world->service.forgetRequests();
+        m_world->secrets.reads.clear();
         const QStringList before = texts();
         CapturedOutput output;
 
-        auto *button = screen->button(what);
-        auto *pressed = button ? button : screen->text(what)->parentItem();
-        screen->click(pressed);
+        auto *button = m_window->button(what);
+        auto *pressed = button ? button : m_window->text(what)->parentItem();
+        m_window->click(pressed);
         if (button) {
             QVERIFY(button->isEnabled());
-            screen->press(Qt::Key_Return);
+            m_window->press(Qt::Key_Return);
         } else {
             QVERIFY(!pressed->activeFocusOnTab());
         }
         settle();
         QCOMPARE(texts(), before);
-        QVERIFY(world->service.requests().isEmpty());
-        QVERIFY(world->secrets.reads.isEmpty());
-        QCOMPARE(world->secrets.peek(u"quillmere_auth_token"_s), token);
-        QVERIFY(world->urlOpener.opened.isEmpty());
+        QVERIFY(m_world->service.requests().isEmpty());
+        QVERIFY(m_world->secrets.reads.isEmpty());
+        QCOMPARE(m_world->secrets.peek(u"quillmere_auth_token"_s), token);
+        QVERIFY(m_world->urlOpener.opened.isEmpty());
         QVERIFY(output.lines().isEmpty());
     }
 
     void tellsAssistiveProgramsWhatIsThere()
     {
         open();
-        const auto rows = screen->all(u"SettingsRow"_s);
+        const auto rows = m_window->all(u"SettingsRow"_s);
         auto *account = accessible(rows[0]);
         QCOMPARE(account->role(), QAccessible::Button);
         QCOMPARE(account->text(QAccessible::Name), u"Account"_s);
@@ -709,51 +690,35 @@ private slots:
         account = accessible(rows[3]);
         account->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
         settle();
-        auto *link = accessible(screen->control(QAccessible::Link, u"Documentation"_s));
+        auto *link = accessible(m_window->control(QAccessible::Link, u"Documentation"_s));
         QVERIFY(link);
         link->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
-        QCOMPARE(world->urlOpener.opened.size(), 1);
+        QCOMPARE(m_world->urlOpener.opened.size(), 1);
         choose(u"Preferences"_s);
-        auto *toggle = accessible(screen->all(u"Switch"_s).first());
+        auto *toggle = accessible(m_window->all(u"Switch"_s).first());
         QCOMPARE(toggle->role(), QAccessible::CheckBox);
         QCOMPARE(toggle->text(QAccessible::Name), u"Send anonymous usage analytics"_s);
         QVERIFY(toggle->state().checked);
         choose(u"Subscription"_s);
-        auto *bar = accessible(screen->all(u"ProgressBar"_s).first());
+        auto *bar = accessible(m_window->all(u"ProgressBar"_s).first());
         QCOMPARE(bar->role(), QAccessible::ProgressBar);
         QCOMPARE(bar->text(QAccessible::Name), u"Models"_s);
     }
 
 private:
-    void open(QSize size = {980, 760})
-    {
-        failOnWarnings();
-        view = openView(u"Workspace/SettingsView.qml"_s, size);
-        screen = std::make_unique<Window>(*view);
-    }
-    void close()
-    {
-        screen.reset();
-        view.reset();
-    }
-    // Rows and columns put what stands in them in its place when the next picture is made.
-    void redraw()
-    {
-        settle();
-        view->grabWindow();
-    }
+    void open(QSize size = {980, 760}) { ViewTest::open(u"Workspace/SettingsView.qml"_s, size); }
     void choose(const QString &section)
     {
-        screen->click(screen->button(section));
+        m_window->click(m_window->button(section));
         redraw();
     }
-    SettingsViewModel *model() const { return view->rootObject()->findChild<SettingsViewModel *>(); }
+    SettingsViewModel *model() const { return m_view->rootObject()->findChild<SettingsViewModel *>(); }
 
     // The section on display.
     QQuickItem *page() const
     {
         for (const QString &each : {u"Account"_s, u"Subscription"_s, u"Preferences"_s, u"About"_s}) {
-            if (auto *section = screen->all(each + u"Section"_s).value(0)) {
+            if (auto *section = m_window->all(each + u"Section"_s).value(0)) {
                 return section;
             }
         }
@@ -763,7 +728,7 @@ private:
     QStringList texts() const
     {
         QStringList texts;
-        for (auto *label : screen->all(u"Label"_s)) {
+        for (auto *label : m_window->all(u"Label"_s)) {
             texts.append(label->property("text").toString());
         }
         return texts;
@@ -777,10 +742,8 @@ private:
     static void expectCard(const QQuickItem *card, double radius)
     {
         QCOMPARE(colorOf(card), surface);
-        QCOMPARE(card->property("radius").toDouble(), radius);
-        auto *stroke = card->property("border").value<QObject *>();
-        QCOMPARE(stroke->property("color").value<QColor>().name(QColor::HexArgb), border);
-        QCOMPARE(stroke->property("width").toDouble(), 1.0);
+        QCOMPARE(radiusOf(card), radius);
+        QCOMPARE(strokeOf(card), border + u" 1"_s);
         QCOMPARE(placeOf(card).left(), double(pageLeft));
         QCOMPARE(placeOf(card).right(), 980.0 - 32);
     }
@@ -789,28 +752,28 @@ private:
     {
         QCOMPARE(placeOf(row).left(), 20.0);
         QCOMPARE(row->width(), 180.0);
-        auto *symbol = screen->symbol(icon, row);
+        auto *symbol = m_window->symbol(icon, row);
         QVERIFY(symbol);
         QCOMPARE(symbol->property("size").toInt(), 16);
         QCOMPARE(colorOf(symbol), color);
         QCOMPARE(symbol->width(), 24.0);
-        QCOMPARE(placeIn(row, symbol).left(), 16.0);
-        auto *word = screen->text(label, row);
+        QCOMPARE(placeIn(symbol, row).left(), 16.0);
+        auto *word = m_window->text(label, row);
         QVERIFY(word);
         QCOMPARE(fontOf(word), u"Inter 14 500"_s);
         QCOMPARE(colorOf(word), color);
-        QCOMPARE(placeIn(row, word).left(), 16.0 + 24 + 12);
+        QCOMPARE(placeIn(word, row).left(), 16.0 + 24 + 12);
         QCOMPARE(row->height(), 24 + std::max(word->height(), symbol->height()));
         QCOMPARE(row->property("radius").toDouble(), 8.0);
     }
 
     void expectUsage(QQuickItem *item, const QString &label, const QString &figures, double ratio) const
     {
-        auto *word = screen->text(label, item);
+        auto *word = m_window->text(label, item);
         QVERIFY(word);
         QCOMPARE(fontOf(word), u"Inter 10 700"_s);
         QCOMPARE(colorOf(word), tertiary);
-        auto *figure = screen->text(figures, item);
+        auto *figure = m_window->text(figures, item);
         QVERIFY(figure);
         QCOMPARE(fontOf(figure), u"Geist Mono 14 400"_s);
         QCOMPARE(colorOf(figure), white);
@@ -824,46 +787,42 @@ private:
 
     void expectPreference(QQuickItem *row, const QString &title, const QString &value) const
     {
-        auto *name = screen->text(title, row);
+        auto *name = m_window->text(title, row);
         QVERIFY(name);
         QCOMPARE(fontOf(name), u"Inter 14 400"_s);
         QCOMPARE(colorOf(name), white);
-        QCOMPARE(placeIn(row, name).topLeft(), QPointF(16, 16));
+        QCOMPARE(placeIn(name, row).topLeft(), QPointF(16, 16));
         QCOMPARE(row->height(), name->height() + 32);
-        auto *shown = screen->text(value, row);
+        auto *shown = m_window->text(value, row);
         QVERIFY(shown);
         QCOMPARE(fontOf(shown), u"Inter 14 400"_s);
         QCOMPARE(colorOf(shown), tertiary);
-        auto *chevron = screen->symbol(u"chevron.right"_s, row);
+        auto *chevron = m_window->symbol(u"chevron.right"_s, row);
         QCOMPARE(chevron->property("size").toInt(), 12);
         QCOMPARE(colorOf(chevron), tertiary);
-        QCOMPARE(placeIn(row, chevron).right(), row->width() - 16);
+        QCOMPARE(placeIn(chevron, row).right(), row->width() - 16);
         QVERIFY(placeOf(shown).right() < placeOf(chevron).left());
     }
 
     void expectLink(QQuickItem *link, const QString &icon, const QString &title) const
     {
-        auto *symbol = screen->symbol(icon, link);
+        auto *symbol = m_window->symbol(icon, link);
         QVERIFY(symbol);
         QCOMPARE(symbol->property("size").toInt(), 16);
         QCOMPARE(colorOf(symbol), accent);
         QCOMPARE(symbol->width(), 24.0);
-        QCOMPARE(placeIn(link, symbol).left(), 16.0);
-        auto *word = screen->text(title, link);
+        QCOMPARE(placeIn(symbol, link).left(), 16.0);
+        auto *word = m_window->text(title, link);
         QVERIFY(word);
         QCOMPARE(fontOf(word), u"Inter 14 400"_s);
         QCOMPARE(colorOf(word), white);
-        QCOMPARE(placeIn(link, word).left(), 16.0 + 24 + 12);
-        auto *arrow = screen->symbol(u"arrow.up.right"_s, link);
+        QCOMPARE(placeIn(word, link).left(), 16.0 + 24 + 12);
+        auto *arrow = m_window->symbol(u"arrow.up.right"_s, link);
         QCOMPARE(arrow->property("size").toInt(), 12);
         QCOMPARE(colorOf(arrow), tertiary);
-        QVERIFY(screen->control(QAccessible::Link, title, link));
-        QCOMPARE(placeIn(link, arrow).right(), link->width() - 16);
+        QVERIFY(m_window->control(QAccessible::Link, title, link));
+        QCOMPARE(placeIn(arrow, link).right(), link->width() - 16);
     }
-
-    std::unique_ptr<TestEnvironment> world;
-    std::unique_ptr<QQuickView> view;
-    std::unique_ptr<Window> screen;
 };
 
 QTEST_MAIN(tst_SettingsView)

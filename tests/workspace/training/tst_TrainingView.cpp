@@ -1,6 +1,5 @@
 #include "identity/AuthManager.h"
-#include "support/TestEnvironment.h"
-#include "support/Window.h"
+#include "support/ViewTest.h"
 #include "workspace/training/TrainingViewModel.h"
 
 #include <cmath>
@@ -16,6 +15,7 @@ namespace {
 const auto white = u"#ffffffff"_s;
 const auto surface = u"#ff121214"_s;
 const auto border = u"#ff27272a"_s;
+const auto outline = u"#ff27272a 1"_s;
 const auto accent = u"#ff3b82f6"_s;
 const auto green = u"#ff22c55e"_s;
 const auto red = u"#ffef4444"_s;
@@ -30,49 +30,12 @@ QByteArray job(const QByteArray &id, const QByteArray &status, const QByteArray 
           "\"config\":{\"epochs\":9},\"metrics\":{\"loss\":0.9}}";
 }
 
-QString strokeOf(const QQuickItem *box)
-{
-    return box->property("border").value<QObject *>()->property("color").value<QColor>().name(QColor::HexArgb);
-}
-
-double strokeWidthOf(const QQuickItem *box)
-{
-    return box->property("border").value<QObject *>()->property("width").toDouble();
-}
-
-double radiusOf(const QQuickItem *box)
-{
-    return box->property("radius").toDouble();
-}
-
-double gapAcross(const QQuickItem *left, const QQuickItem *right)
-{
-    return placeOf(right).left() - placeOf(left).right();
-}
-
-double gapBetween(const QQuickItem *upper, const QQuickItem *lower)
-{
-    return placeOf(lower).top() - placeOf(upper).bottom();
-}
-
 } // namespace
 
-class tst_TrainingView : public QObject {
+class tst_TrainingView : public ViewTest {
     Q_OBJECT
 
 private slots:
-    void init()
-    {
-        failOnWarnings();
-        m_world = std::make_unique<TestEnvironment>();
-    }
-    void cleanup()
-    {
-        m_window.reset();
-        m_view.reset();
-        m_world.reset();
-    }
-
     // What stands in its body
 
     void showsASpinnerAndThenThreeSamplesToASignedOutUser()
@@ -227,9 +190,9 @@ private slots:
     {
         QTest::addColumn<QByteArray>("status");
         QTest::addColumn<QString>("stroke");
-        QTest::newRow("running") << QByteArray("running") << u"#8022c55e"_s;
-        QTest::newRow("failed") << QByteArray("failed") << u"#80ef4444"_s;
-        QTest::newRow("unknown") << QByteArray("odd") << u"#80a1a1aa"_s;
+        QTest::newRow("running") << QByteArray("running") << u"#8022c55e 1"_s;
+        QTest::newRow("failed") << QByteArray("failed") << u"#80ef4444 1"_s;
+        QTest::newRow("unknown") << QByteArray("odd") << u"#80a1a1aa 1"_s;
     }
     void hasAStrokeInTheStatusColorWhileThePointerIsOverIt()
     {
@@ -238,8 +201,7 @@ private slots:
         opensWith('[' + job("a", status) + ']');
         QVERIFY(eventually([this] { return cards().size() == 1; }));
         const QQuickItem *card = cards().constFirst();
-        QCOMPARE(strokeOf(card), border);
-        QCOMPARE(strokeWidthOf(card), 1.0);
+        QCOMPARE(strokeOf(card), outline);
         m_window->hover(card);
         QVERIFY(eventually([&] { return strokeOf(card) == stroke; }));
         // Over its buttons too.
@@ -247,7 +209,7 @@ private slots:
         settle();
         QCOMPARE(strokeOf(card), stroke);
         m_window->hover(pill(u"All"_s));
-        QVERIFY(eventually([&] { return strokeOf(card) == border; }));
+        QVERIFY(eventually([&] { return strokeOf(card) == outline; }));
     }
 
     void stopsAJobAtTheService()
@@ -431,8 +393,7 @@ private slots:
         for (qsizetype i = 0; i < 3; ++i) {
             QCOMPARE(colorOf(cards[i]), surface);
             QCOMPARE(radiusOf(cards[i]), 12.0);
-            QCOMPARE(strokeOf(cards[i]), border);
-            QCOMPARE(strokeWidthOf(cards[i]), 1.0);
+            QCOMPARE(strokeOf(cards[i]), outline);
             const QQuickItem *icon = m_window->symbol(icons[i], cards[i]);
             QCOMPARE(icon->property("size").toDouble(), 20.0);
             QCOMPARE(colorOf(icon), u"#ff"_s + colors[i]);
@@ -636,11 +597,7 @@ private slots:
 
 private:
     // In the room that the main window leaves to it at its smallest.
-    void opens()
-    {
-        m_view = openView(u"Workspace/TrainingView.qml"_s, {980, 760});
-        m_window = std::make_unique<Window>(*m_view);
-    }
+    void opens() { open(u"Workspace/TrainingView.qml"_s, {980, 760}); }
 
     void opensWith(const QByteArray &jobs)
     {
@@ -682,10 +639,6 @@ private:
         }
         return nullptr;
     }
-
-    std::unique_ptr<TestEnvironment> m_world;
-    std::unique_ptr<QQuickView> m_view;
-    std::unique_ptr<Window> m_window;
 };
 
 } // namespace quillmere
