@@ -13,6 +13,8 @@ Rectangle {
     property real horizontalPadding: 8
     property real verticalPadding: 4
     property real fillOpacity: 0.15
+    // By what it stands on, so that assistive programs are not told twice.
+    property bool toldElsewhere: false
     readonly property real inset: horizontalPadding + (symbol.length > 0 ? icon.implicitWidth + 4 : 0)
 
     // Whole points, so that both its edges are sharp wherever it is aligned.
@@ -45,5 +47,6 @@ Rectangle {
         horizontalAlignment: Text.AlignHCenter
         verticalAlignment: Text.AlignVCenter
         elide: Text.ElideRight
+        Accessible.ignored: badge.toldElsewhere
     }
 }

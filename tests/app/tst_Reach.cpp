@@ -37,6 +37,15 @@ bool takesPresses(const QQuickItem *item)
     return item->isEnabled() && (isTapped || isPressed);
 }
 
+// Is there to be typed in or set, where the pointer is taken by what it stands on.
+bool takesValues(QQuickItem *item)
+{
+    const auto *access = QAccessible::queryAccessibleInterface(item);
+    const auto role = access ? access->role() : QAccessible::NoRole;
+    return item->inherits("QQuickTextInput") || item->inherits("QQuickTextEdit") || role == QAccessible::Slider
+        || role == QAccessible::SpinBox;
+}
+
 // The window's own edges and strips, what closes a popup or keeps presses from what lies below, and the ground of the canvas, which
 // Escape stands for: there is nothing to press.
 bool isGround(QQuickItem *area)
@@ -62,7 +71,7 @@ QList<QQuickItem *> controlsIn(const QQuickItem *whole)
 {
     QList<QQuickItem *> controls;
     for (QQuickItem *item : itemsIn(whole)) {
-        QQuickItem *control = item->activeFocusOnTab() ? item : nullptr;
+        QQuickItem *control = item->activeFocusOnTab() || takesValues(item) ? item : nullptr;
         if (takesPresses(item) && !isGround(item)) {
             control = controlOf(item);
         }
@@ -126,23 +135,46 @@ QStringList actionsFor(QAccessible::Role role)
     }
 }
 
-// The arrow keys go through choices and lists, and the window manager has keys for a window's marks. A pane keeps the pointer from
-// what lies below it.
+bool hasAStop(QQuickItem *whole)
+{
+    const QList<QQuickItem *> items = itemsIn(whole) + QList{whole};
+    return std::any_of(items.cbegin(), items.cend(),
+        [](const QQuickItem *item) { return item->activeFocusOnTab() && item->isEnabled(); });
+}
+
+// Where the Tab key leads to choices or a list, the arrow keys go through them, and the window manager has keys for a window's
+// marks. A pane keeps the pointer from what lies below it.
 bool hasOtherKeys(QQuickItem *control)
 {
     const auto roleOf = [](QQuickItem *item) {
         const auto *access = QAccessible::queryAccessibleInterface(item);
         return access ? access->role() : QAccessible::NoRole;
     };
-    if (roleOf(control) == QAccessible::RadioButton || roleOf(control) == QAccessible::Pane
-        || Tour::around(control, u"WindowMark"_s)) {
+    if (roleOf(control) == QAccessible::Pane || Tour::around(control, u"WindowMark"_s)) {
+        return true;
+    }
+    if (roleOf(control) == QAccessible::RadioButton && hasAStop(control->parentItem())) {
         return true;
     }
     QQuickItem *outer = control;
     while (outer && roleOf(outer) != QAccessible::List) {
         outer = outer->parentItem();
     }
-    return outer != nullptr;
+    return outer && hasAStop(outer);
+}
+
+// Has more to show than it has room for.
+bool scrolls(const QQuickItem *item)
+{
+    return item->inherits("QQuickFlickable") && item->property("contentHeight").toDouble() > item->height() + 1;
+}
+
+// What a control says of itself is not said again by the texts in it; an entry of a list is read part by part.
+bool isSaidTwice(QAccessibleInterface *control, QAccessibleInterface *part)
+{
+    return control->role() != QAccessible::ListItem && part->role() == QAccessible::StaticText
+        && !nameOf(part).isEmpty()
+        && (nameOf(control).contains(nameOf(part)) || control->text(QAccessible::Description).contains(nameOf(part)));
 }
 
 bool isSecret(const QAccessibleInterface *access)
@@ -199,10 +231,18 @@ private slots:
             if (!tree.contains(access)) {
                 complaints.append(u"not in the tree: "_s + wordsFor(control));
             }
+            if (!control->activeFocusOnTab() && !hasOtherKeys(control)) {
+                complaints.append(u"not for the keyboard: "_s + wordsFor(control));
+            }
             if (isSecret(access)) {
                 // Says nothing of itself; what is around it has the name.
                 QVERIFY(nameOf(access->parent()) != QString());
                 continue;
+            }
+            for (QAccessibleInterface *part : treeBelow(access)) {
+                if (isSaidTwice(access, part)) {
+                    complaints.append(u"says \"%1\" twice: "_s.arg(nameOf(part)) + wordsFor(control));
+                }
             }
             if (nameOf(access).isEmpty()) {
                 complaints.append(u"no name: "_s + wordsFor(control));
@@ -213,14 +253,16 @@ private slots:
                     complaints.append(u"no %1 of role %2: "_s.arg(action).arg(int(access->role())) + wordsFor(control));
                 }
             }
-            if (!control->activeFocusOnTab() && !hasOtherKeys(control)) {
-                complaints.append(u"not for the keyboard: "_s + wordsFor(control));
-            }
             if (!control->isEnabled() && access->text(QAccessible::Description).isEmpty()) {
                 complaints.append(u"does not say that it is disabled: "_s + wordsFor(control));
             }
             if (control->isEnabled() && control->activeFocusOnTab() && !access->state().focusable) {
                 complaints.append(u"does not say that it can have the keyboard: "_s + wordsFor(control));
+            }
+        }
+        for (QQuickItem *item : itemsIn(m_tour->foremost())) {
+            if (scrolls(item) && !hasAStop(item)) {
+                complaints.append(u"scrolls, but not by the keyboard: "_s + wordsFor(item));
             }
         }
         QVERIFY2(complaints.isEmpty(), qPrintable(complaints.join(u"\n"_s)));

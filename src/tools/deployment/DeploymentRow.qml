@@ -63,6 +63,7 @@ PlainButton {
                     id: badge
 
                     status: row.status
+                    toldElsewhere: true
                 }
             }
 

@@ -88,7 +88,7 @@ ButtonBase {
                     color: Color.yellow
                     horizontalPadding: 6
                     verticalPadding: 2
-                    Accessible.ignored: true
+                    toldElsewhere: true
                 }
             }
 
