@@ -97,6 +97,14 @@ private slots:
         QCOMPARE(current(), u"beta.csv"_s);
     }
 
+    void findsTheFirstNameByItsLetters()
+    {
+        opens();
+        m_window->press(Qt::Key_End);
+        m_window->type(u"ar"_s);
+        QCOMPARE(current(), u"archive"_s);
+    }
+
     void goesThroughFoldersByTheKeyboard()
     {
         opens();
@@ -126,6 +134,19 @@ private slots:
         m_window->type(u"~/alpha.json"_s);
         m_window->press(Qt::Key_Return);
         QVERIFY(picks(u"alpha.json"_s));
+    }
+
+    void saysOnceWhatIsWrongWhereNothingIsListed()
+    {
+        opens();
+        m_window->press(Qt::Key_Return);
+        QTRY_VERIFY(m_window->shows(u"Nothing here to choose"_s));
+        m_window->click(m_window->field(u"Folder or file"_s));
+        m_window->press(Qt::Key_A, Qt::ControlModifier);
+        m_window->type(u"nowhere"_s);
+        m_window->press(Qt::Key_Return);
+        QTRY_VERIFY(m_window->shows(u"No such file or directory"_s));
+        QVERIFY(m_window->shows(u"JSON, plain text, CSV"_s));
     }
 
     void closesWithoutAFile_data()

@@ -1,5 +1,7 @@
 #include "controls/Scene.h"
 
+#include <QSignalSpy>
+
 using namespace Qt::StringLiterals;
 using quillmere::testing::Scene;
 
@@ -37,6 +39,7 @@ private slots:
     void goesThroughAMenuByKeys();
     void choosesFromAMenuByMouse();
     void closesAMenuByASecondPressOfItsButton();
+    void fadesAMenuOut();
     void skipsSectionsDividersAndDisabledRows();
     void namesTheRowsOfAMenuForAssistivePrograms();
 };
@@ -407,6 +410,18 @@ void tst_Overlays::closesAMenuByASecondPressOfItsButton()
     QVERIFY(scene.object(u"menu"_s)->property("opened").toBool());
     scene.click(u"button"_s);
     QVERIFY(!scene.object(u"menu"_s)->property("visible").toBool());
+}
+
+void tst_Overlays::fadesAMenuOut()
+{
+    Scene scene(menu, true);
+    QObject *popup = scene.object(u"menu"_s);
+    scene.click(u"button"_s);
+    QTRY_VERIFY(popup->property("opened").toBool());
+    const QSignalSpy fading(popup, SIGNAL(opacityChanged()));
+    scene.click(u"button"_s);
+    QTRY_VERIFY(!popup->property("visible").toBool());
+    QVERIFY(!fading.isEmpty());
 }
 
 void tst_Overlays::skipsSectionsDividersAndDisabledRows()

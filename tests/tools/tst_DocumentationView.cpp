@@ -453,6 +453,8 @@ private slots:
             QCOMPARE(fontOf(words), u"Inter 12 400"_s);
             QCOMPARE(colorOf(words), secondary);
             QCOMPARE(placeOf(words).left() - placeOf(lamp).right(), 8.0);
+            // The lamp stands beside the middle of the first line.
+            QVERIFY(qAbs(placeOf(words).top() + 12 * 1.21 / 2 - placeOf(lamp).center().y()) <= 0.5);
         }
     }
 

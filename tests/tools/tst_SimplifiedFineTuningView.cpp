@@ -6,6 +6,8 @@
 #include <QMimeData>
 #include <QTest>
 
+#include <cmath>
+
 using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
 using namespace quillmere::testing;
@@ -353,6 +355,21 @@ private slots:
             u"RECOMMENDED. Fast & cost-effective"_s);
     }
 
+    // Name and description stand on the card itself; its texts would say them once more.
+    void saysNothingOfACardTwice()
+    {
+        open();
+        goTo(0);
+        for (const QString &type : {u"DatasetOptionCard"_s, u"ModelCard"_s, u"TrainingGoalCard"_s}) {
+            const auto cards = m_window->all(type);
+            QCOMPARE(cards.size(), 4);
+            for (auto *card : cards) {
+                QCOMPARE(QAccessible::queryAccessibleInterface(card)->childCount(), 0);
+            }
+            click(u"Continue"_s);
+        }
+    }
+
     // How it looks.
 
     void growsItsCardsUnderThePointer_data()
@@ -431,6 +448,17 @@ private slots:
         const auto *edge = m_window->all(u"Divider"_s).last();
         QCOMPARE(placeOf(edge), QRectF(0, 760 - 88, 980, 1));
         QCOMPARE(colorOf(edge), white(0.1));
+    }
+
+    void growsWithALongerWordForTheWayOn()
+    {
+        open();
+        auto *on = control(u"Continue"_s);
+        on->setProperty("text", u"Continue with the next step"_s);
+        const auto *word = text(u"Continue with the next step"_s);
+        const auto *arrow = m_window->symbol(u"arrow.right"_s, on);
+        QTRY_COMPARE(placeOf(on).width(), std::ceil(placeOf(arrow).right() - placeOf(word).left()) + 24);
+        QCOMPARE(placeOf(on).right(), 980 - 24);
     }
 
     void marksThePastTheCurrentAndTheComingSteps()

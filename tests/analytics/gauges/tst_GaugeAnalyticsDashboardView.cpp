@@ -103,6 +103,17 @@ private slots:
         QCOMPARE(red, (QStringList{u"Throughput"_s, u"Speed"_s, u"Confidence"_s, u"Data Quality"_s}));
     }
 
+    void givesEachGaugeThresholdsOfItsOwn()
+    {
+        open();
+        const QList<GaugeThresholds> thresholds{{60, 80, 90}, {12, 20, 22}, {50, 80, 95}, {2000, 3000, 4000},
+            {40, 70, 90}, {16, 24, 30}, {500, 1000, 2000}, {50, 100, 200}, {2000, 1000, 500}, {2, 1, 0.5}, {1, 2, 5},
+            {80, 60, 40}, {0.5, 1, 2}, {90, 80, 70}};
+        for (int i = 0; i < 14; ++i) {
+            QCOMPARE(gauges().at(i)->property("thresholds").value<GaugeThresholds>(), thresholds.at(i));
+        }
+    }
+
     void fillsTheArcsByValueAndLargestValue()
     {
         open();

@@ -228,6 +228,16 @@ private slots:
         }
     }
 
+    // As where the words are longer.
+    void leavesTheFiltersTheirRoomWhereTheSearchHasTooLittle()
+    {
+        opensWith("[]", {560, 760});
+        const auto *box = m_window->all(u"SearchBox"_s).constFirst();
+        QVERIFY(box->width() < 300);
+        QCOMPARE(placeOf(pill(u"All"_s)).left(), placeOf(box).right() + 16);
+        QCOMPARE(placeOf(pill(u"Downloaded"_s)).right(), 560 - 24.0);
+    }
+
     void countsWhatIsDownloadedInAChip()
     {
         m_world->isSignedIn();
