@@ -3,7 +3,6 @@
 #include "platform/Alerts.h"
 #include "platform/Environment.h"
 #include "platform/FolderCopy.h"
-#include "platform/MainQueue.h"
 
 #include <QCoroFuture>
 
@@ -79,7 +78,8 @@ QCoro::Task<> LifecycleManager::moveToApplications()
         co_return;
     }
     Environment::current().relaunch(*copied + u"/bin/"_s + QFileInfo(program).fileName());
-    MainQueue::shared().async(QCoreApplication::instance(), [] { Environment::current().terminate(); });
+    // Not through the main queue, which the offer of an update may be holding.
+    Environment::current().terminate();
 }
 
 QString LifecycleManager::destination()
