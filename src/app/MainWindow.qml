@@ -16,6 +16,12 @@ Window {
     color: Theme.background
     visible: true
 
+    // For good: a window that comes to another screen keeps its size.
+    Component.onCompleted: {
+        width = width;
+        height = height;
+    }
+
     RootView {
         anchors.fill: parent
     }
