@@ -3,6 +3,7 @@
 #include "app/LifecycleManager.h"
 #include "app/UpdateManager.h"
 #include "app/theme/Theme.h"
+#include "platform/ApplicationId.h"
 #include "platform/BrowserSession.h"
 #include "platform/Console.h"
 #include "platform/Environment.h"
@@ -21,8 +22,6 @@ using namespace Qt::StringLiterals;
 namespace quillmere {
 
 namespace {
-
-const auto applicationId = u"com.quillmere.studio"_s;
 
 // Without a graphics processor Qt's software renderer starts several times faster than OpenGL, and draws for less.
 void chooseRenderer()

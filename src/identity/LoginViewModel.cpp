@@ -4,6 +4,7 @@
 #include "identity/AuthManager.h"
 #include "identity/DataUrl.h"
 #include "identity/LoginRecords.h"
+#include "platform/ApplicationId.h"
 #include "platform/BrowserSession.h"
 #include "platform/Environment.h"
 #include "platform/Http.h"
@@ -24,21 +25,14 @@ namespace quillmere {
 
 namespace {
 
-const auto callbackScheme = u"com.quillmere.studio"_s;
-
 QCoro::Task<Result<HttpResponse>> post(QString path, QJsonObject body)
 {
     const auto url = parseWebUrl(Environment::current().hosts.loginHost + u"/api/auth/user/"_s + path);
     if (!url) {
         co_return failure(AuthError::networkError);
     }
-    HttpRequest request{"POST", *url, {{"Content-Type", "application/json"}, {"User-Agent", "Quillmere-Studio/1.0"}},
-        {QJsonDocument(body).toJson(QJsonDocument::Compact)}};
-    auto response = co_await HttpSession::shared().send(std::move(request));
-    if (response && response->status == 0) {
-        co_return failure(AuthError::networkError);
-    }
-    co_return response;
+    HttpRequest request{"POST", *url, jsonHeaders(), {QJsonDocument(body).toJson(QJsonDocument::Compact)}};
+    co_return co_await HttpSession::shared().send(std::move(request));
 }
 
 Failure failureOf(const QByteArray &body)
@@ -205,7 +199,7 @@ QCoro::Task<> LoginViewModel::handleMagicLink(QString url)
         co_return;
     }
     ++m_sessionsInBrowser;
-    const BrowserOutcome outcome = co_await Environment::current().authenticateInBrowser(*page, callbackScheme);
+    const BrowserOutcome outcome = co_await Environment::current().authenticateInBrowser(*page, applicationId);
     if (!self) {
         co_return;
     }

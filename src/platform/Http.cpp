@@ -247,6 +247,11 @@ private:
     bool m_ended = false;
 };
 
+QList<std::pair<QByteArray, QByteArray>> jsonHeaders()
+{
+    return {{"Content-Type", "application/json"}, {"User-Agent", "Quillmere-Studio/1.0"}};
+}
+
 HttpSession &HttpSession::shared()
 {
     return Environment::current().shared<HttpSession>();

@@ -25,7 +25,10 @@ struct HttpRequest {
     QList<QByteArray> body;
 };
 
-// What came back, whatever the status says. Status 0: it was no HTTP response.
+// What every request tells whose body is JSON or would be.
+QList<std::pair<QByteArray, QByteArray>> jsonHeaders();
+
+// What came back, whatever the status says.
 struct HttpResponse {
     int status = 0;
     QByteArray body;

@@ -6,8 +6,9 @@
 
 namespace quillmere {
 
-// How a request to the service fails once it has an answer, or cannot be made at all. `networkError` is part of the
-// vocabulary, but nothing raises it: a transport failure reaches the caller as it is.
+// How a request to the service fails once it has an answer, or cannot be made at all. `networkError` and `invalidResponse` are
+// part of the vocabulary, but nothing raises them: a transport failure, an answer that is no HTTP among them, reaches the caller
+// as it is.
 enum class APIError {
     serverError,
     networkError,

@@ -104,28 +104,27 @@ QCoro::Task<Result<UserProfile>> QuillmereAPIClient::getCurrentUser()
 }
 
 QCoro::Task<Result<QByteArray>> QuillmereAPIClient::send(
-    QString endpoint, QString method, QByteArray body, bool authenticated)
+    QString endpoint, QString method, Result<QByteArray> body, bool authenticated)
 {
     const auto url = parseWebUrl(base() + u'/' + endpoint);
     if (!url) {
         co_return failure(APIError::invalidURL);
     }
-    HttpRequest request{
-        method.toUtf8(), *url, {{"Content-Type", "application/json"}, {"User-Agent", "Quillmere-Studio/1.0"}}, {}};
+    HttpRequest request{method.toUtf8(), *url, jsonHeaders(), {}};
     if (authenticated) {
         if (const auto token = co_await authorization()) {
             request.headers.append({"Authorization", *token});
         }
     }
-    if (!body.isEmpty()) {
-        request.body = {body};
+    if (!body) {
+        co_return body.failure();
+    }
+    if (!body->isEmpty()) {
+        request.body = {*body};
     }
     auto response = co_await HttpSession::shared().send(std::move(request));
     if (!response) {
         co_return response.failure();
-    }
-    if (response->status == 0) {
-        co_return failure(APIError::invalidResponse);
     }
     if (response->status >= 200 && response->status < 300) {
         co_return std::move(response->body);

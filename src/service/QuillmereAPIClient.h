@@ -58,10 +58,8 @@ private:
     QCoro::Task<Result<Record>> requestEncoded(
         QString endpoint, QString method, Result<QByteArray> body, bool authenticated)
     {
-        if (!body) {
-            co_return body.failure();
-        }
-        const Result<QByteArray> reply = co_await send(std::move(endpoint), std::move(method), *body, authenticated);
+        const Result<QByteArray> reply =
+            co_await send(std::move(endpoint), std::move(method), std::move(body), authenticated);
         if (!reply) {
             co_return reply.failure();
         }
@@ -80,7 +78,7 @@ private:
     }
 
     // The body of a reply with a status of 200 to 299.
-    QCoro::Task<Result<QByteArray>> send(QString endpoint, QString method, QByteArray body, bool authenticated);
+    QCoro::Task<Result<QByteArray>> send(QString endpoint, QString method, Result<QByteArray> body, bool authenticated);
     QCoro::Task<std::optional<QByteArray>> authorization();
 
     ServiceSession *m_session = nullptr;
