@@ -138,8 +138,11 @@ void LibsecretStore::save(const QString &value, const QString &account)
 {
     m_worker->enqueue([value = value.toUtf8(), account = account.toUtf8()](GCancellable *cancellable) {
         secret_password_clear_sync(schema(), cancellable, nullptr, "account", account.constData(), nullptr);
-        secret_password_store_sync(schema(), SECRET_COLLECTION_DEFAULT, account.constData(), value.constData(),
-            cancellable, nullptr, "account", account.constData(), nullptr);
+        // With its length, as it may hold a NUL.
+        SecretValue *secret = secret_value_new(value.constData(), value.size(), "text/plain");
+        secret_password_store_binary_sync(schema(), SECRET_COLLECTION_DEFAULT, account.constData(), secret, cancellable,
+            nullptr, "account", account.constData(), nullptr);
+        secret_value_unref(secret);
     });
 }
 
