@@ -24,12 +24,13 @@ QCoro::Task<> RootViewState::checkSession()
             self->endSplash();
         }
     });
+    const quint64 session = auth->session();
     const auto token = co_await auth->keychain.read(auth->tokenKey);
     if (!auth) {
         co_return; // and the clock has gone with it
     }
     Environment::current().clock->cancel(patience);
-    if (token && !token->isEmpty()) {
+    if (token && !token->isEmpty() && session == auth->session()) {
         auth->setIsAuthenticated(true);
         auth->fetchCurrentUser(u"Failed to fetch user on launch: "_s);
     }

@@ -19,7 +19,7 @@ class RootViewState : public quillmere::Observable {
 public:
     static constexpr std::chrono::milliseconds splashTime{2500};
     // A keyring that is slower than this, since it asks for its password say, does not keep the splash on screen; its token
-    // signs in when it comes.
+    // signs in when it comes, unless somebody has signed in or out meanwhile.
     static constexpr std::chrono::milliseconds storePatience{250};
 
     using Observable::Observable;

@@ -37,6 +37,9 @@ public:
     // The refresh token is stored and deleted; nothing reads it.
     const QString refreshTokenKey = QStringLiteral("quillmere_refresh_token");
 
+    // Rises with each sign-in and each logout: what was begun in one session and is over in another belongs to neither.
+    quint64 session() const { return m_session; }
+
     bool isAuthenticated() const { return m_isAuthenticated; }
     void setIsAuthenticated(bool isAuthenticated);
 
@@ -69,7 +72,7 @@ private:
     AuthManager();
 
     bool m_isAuthenticated = false;
-    quint64 m_session = 0; // rises with each sign-in and each logout
+    quint64 m_session = 0;
     std::optional<UserProfile> m_currentUser;
     std::optional<SubscriptionInfo> m_subscription;
 };
