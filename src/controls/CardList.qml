@@ -8,6 +8,12 @@ ListView {
 
     required property string accessibleName
 
+    // For a list that has become another one.
+    function startOver() {
+        forceLayout();
+        contentY = originY - topMargin;
+    }
+
     topMargin: 24
     bottomMargin: 24
     spacing: 12

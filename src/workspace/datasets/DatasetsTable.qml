@@ -12,6 +12,10 @@ Item {
 
     signal remove(string identifier)
 
+    function startOver() {
+        list.startOver();
+    }
+
     function removeRow(place: int, identifier: string, byKeyboard: bool) {
         remove(identifier);
         if (byKeyboard) {

@@ -23,6 +23,9 @@ Rectangle {
     DatasetsViewModel {
         id: viewModel
 
+        searchText: search.text
+        onSearchTextChanged: table.startOver()
+        onSelectedPurposeChanged: table.startOver()
         onPickerClosed: view.showFilePicker = false
     }
 
@@ -52,7 +55,6 @@ Rectangle {
             id: search
 
             placeholderText: qsTr("Search datasets...")
-            onTextChanged: viewModel.searchText = text
         }
 
         PillRow {
@@ -113,6 +115,8 @@ Rectangle {
         }
 
         DatasetsTable {
+            id: table
+
             anchors.fill: parent
             visible: !viewModel.isLoading && viewModel.hasFilteredDatasets
             model: viewModel.filteredDatasets

@@ -20,6 +20,7 @@ Rectangle {
         id: viewModel
 
         searchText: search.text
+        onSearchTextChanged: grid.startOver()
     }
 
     ScreenHeader {
@@ -86,7 +87,7 @@ Rectangle {
         contentWidth: 500
         contentHeight: 400
         title: qsTr("Create New Project")
-        onClosed: view.showNewProjectSheet = false
+        onAboutToHide: view.showNewProjectSheet = false
 
         content: NewProjectSheet {
             onCreate: (name, description) => {

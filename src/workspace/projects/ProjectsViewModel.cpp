@@ -80,8 +80,8 @@ void ProjectsViewModel::setSearchText(const QString &text)
         return;
     }
     m_searchText = text;
-    emit searchTextChanged();
     refilter();
+    emit searchTextChanged();
 }
 
 void ProjectsViewModel::refilter()
@@ -123,7 +123,7 @@ void ProjectsViewModel::createProject(const QString &name, const QString &descri
 {
     QList<Project> projects = m_projects;
     projects.prepend({
-        .id = QUuid::createUuid().toString(QUuid::WithoutBraces),
+        .id = QUuid::createUuid().toString(QUuid::WithoutBraces).toUpper(),
         .name = name,
         .description = description,
         .modelCount = 0,

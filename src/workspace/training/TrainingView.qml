@@ -17,6 +17,8 @@ Rectangle {
 
     TrainingViewModel {
         id: viewModel
+
+        onSelectedFilterChanged: list.startOver()
     }
 
     ScreenHeader {
@@ -107,6 +109,8 @@ Rectangle {
         }
 
         CardList {
+            id: list
+
             anchors.fill: parent
             visible: !viewModel.isLoading && viewModel.hasFilteredJobs
             model: viewModel.filteredJobs

@@ -128,8 +128,8 @@ void TrainingViewModel::setSelectedFilter(JobStatusFilter filter)
         return;
     }
     m_selectedFilter = filter;
-    emit selectedFilterChanged();
     refilter();
+    emit selectedFilterChanged();
 }
 
 void TrainingViewModel::refilter()
