@@ -18,8 +18,6 @@ ButtonBase {
     fillColor: selected ? Color.faded(Theme.accent, 0.2) : "transparent"
     hoverTint: "transparent"
     pressedOpacity: 0.7
-    Accessible.selectable: true
-    Accessible.selected: selected
 
     contentItem: Row {
         spacing: row.spacing

@@ -50,6 +50,8 @@ Rectangle {
                     symbol: settings.sectionIcon(modelData)
                     text: settings.sectionTitle(modelData)
                     selected: view.selectedSection === modelData
+                    Accessible.selectable: true
+                    Accessible.selected: selected
                     onClicked: view.selectedSection = modelData
                 }
             }

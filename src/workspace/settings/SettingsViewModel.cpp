@@ -34,21 +34,26 @@ QString lastCharacters(const QString &text, int count)
     return count > 0 ? text : text.mid(finder.position());
 }
 
+const char *nameOf(SettingsVocabulary::SettingsSection section)
+{
+    switch (section) {
+    case SettingsVocabulary::SettingsSection::Account:
+        return QT_TRANSLATE_NOOP("SettingsViewModel", "Account");
+    case SettingsVocabulary::SettingsSection::Subscription:
+        return QT_TRANSLATE_NOOP("SettingsViewModel", "Subscription");
+    case SettingsVocabulary::SettingsSection::Preferences:
+        return QT_TRANSLATE_NOOP("SettingsViewModel", "Preferences");
+    case SettingsVocabulary::SettingsSection::About:
+        return QT_TRANSLATE_NOOP("SettingsViewModel", "About");
+    }
+    Q_UNREACHABLE();
+}
+
 } // namespace
 
 QString SettingsVocabulary::rawValue(SettingsSection section)
 {
-    switch (section) {
-    case SettingsSection::Account:
-        return u"Account"_s;
-    case SettingsSection::Subscription:
-        return u"Subscription"_s;
-    case SettingsSection::Preferences:
-        return u"Preferences"_s;
-    case SettingsSection::About:
-        return u"About"_s;
-    }
-    Q_UNREACHABLE();
+    return QString::fromLatin1(nameOf(section));
 }
 
 QString SettingsVocabulary::icon(SettingsSection section)
@@ -72,17 +77,7 @@ SettingsViewModel::SettingsViewModel(QObject *parent) : Observable(parent), m_ma
 
 QString SettingsViewModel::sectionTitle(SettingsSection section)
 {
-    switch (section) {
-    case SettingsSection::Account:
-        return tr("Account");
-    case SettingsSection::Subscription:
-        return tr("Subscription");
-    case SettingsSection::Preferences:
-        return tr("Preferences");
-    case SettingsSection::About:
-        return tr("About");
-    }
-    Q_UNREACHABLE();
+    return tr(nameOf(section));
 }
 
 QString SettingsViewModel::sectionIcon(SettingsSection section)
