@@ -3,7 +3,7 @@
 #include "app/theme/Theme.h"
 #include "platform/Text.h"
 #include "service/Records.h"
-#include "workspace/ShownWord.h"
+#include "workspace/ShownText.h"
 
 using namespace Qt::StringLiterals;
 
@@ -39,17 +39,6 @@ QColor colorOfPurpose(const QString &purpose)
     return Theme::textSecondary();
 }
 
-// A name may hold line breaks and tabs, a row has one line.
-QString inOneLine(QString filename)
-{
-    for (QChar &character : filename) {
-        if (character.isSpace()) {
-            character = u' ';
-        }
-    }
-    return filename;
-}
-
 } // namespace
 
 QString purposeTitle(const QString &purpose)
@@ -63,7 +52,7 @@ DatasetCells DatasetCells::of(const DatasetInfo &dataset)
 {
     return {
         .id = dataset.id,
-        .filename = inOneLine(dataset.filename),
+        .filename = shownLine(dataset.filename),
         .icon = iconOf(dataset.filename),
         .purpose = purposeTitle(dataset.purpose),
         .purposeColor = colorOfPurpose(dataset.purpose),

@@ -2,7 +2,7 @@
 
 #include "app/theme/Theme.h"
 #include "service/Records.h"
-#include "workspace/ShownWord.h"
+#include "workspace/ShownText.h"
 
 #include <algorithm>
 
@@ -40,7 +40,7 @@ TrainingJobRow TrainingJobRow::of(const FineTuneJob &job)
 {
     return {
         .id = job.id,
-        .name = job.name,
+        .name = shownLine(job.name),
         .badge = statusTitle(job.status),
         .statusColor = colorOfStatus(job.status),
         .isRunning = job.status == u"running"_s,
