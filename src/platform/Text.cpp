@@ -76,8 +76,9 @@ QString searchable(const QString &text)
         });
         return small;
     }
-    // Small letters of the user's language: in Turkish "I" has no dot, and so on.
-    return locale.toLower(text).toCaseFolded();
+    // An accent may be part of its letter or stand behind it, as in the names of files that come from other systems. Small letters
+    // are those of the user's language: in Turkish "I" has no dot, and so on.
+    return locale.toLower(text).toCaseFolded().normalized(QString::NormalizationForm_C);
 }
 
 QString capitalized(const QString &text)
