@@ -49,6 +49,17 @@ const Card &card(FineTuningVocabulary::TrainingGoal goal)
     return cards.at(size_t(goal));
 }
 
+const char *description(FineTuningVocabulary::BaseModel model)
+{
+    static constexpr std::array<const char *, 4> descriptions{
+        QT_TRANSLATE_NOOP("FineTuningCards", "Fast & cost-effective"),
+        QT_TRANSLATE_NOOP("FineTuningCards", "High reasoning capability"),
+        QT_TRANSLATE_NOOP("FineTuningCards", "Large context window"),
+        QT_TRANSLATE_NOOP("FineTuningCards", "Open source & flexible"),
+    };
+    return descriptions.at(size_t(model));
+}
+
 } // namespace
 
 QString FineTuningCards::datasetTitle(FineTuningVocabulary::DatasetOption option)
@@ -78,9 +89,7 @@ QString FineTuningCards::modelName(FineTuningVocabulary::BaseModel model)
 
 QString FineTuningCards::modelDescription(FineTuningVocabulary::BaseModel model)
 {
-    return std::array{tr("Fast & cost-effective"), tr("High reasoning capability"), tr("Large context window"),
-        tr("Open source & flexible")}
-        .at(size_t(model));
+    return tr(description(model));
 }
 
 QString FineTuningCards::goalTitle(FineTuningVocabulary::TrainingGoal goal)
