@@ -60,8 +60,9 @@ Item {
 
     signal clicked
 
+    // A button that went while it had the keyboard keeps it, and assistive programs may still know it.
     function press() {
-        if (control.enabled && !control.busy) {
+        if (control.visible && control.enabled && !control.busy) {
             control.clicked();
         }
     }

@@ -19,6 +19,7 @@ Flickable {
     property alias color: edit.color
     readonly property alias field: edit
 
+    // The text has become another, whoever changed it: a hand, an assistive program, or the owner.
     signal textEdited
     signal accepted
 

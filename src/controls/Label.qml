@@ -10,6 +10,4 @@ Text {
     textFormat: Text.PlainText
     Accessible.role: Accessible.StaticText
     Accessible.name: text
-    // Qt takes any text for one that the keyboard can be moved to.
-    Accessible.focusable: false
 }

@@ -16,4 +16,5 @@ ButtonBase {
     Accessible.role: Accessible.RadioButton
     Accessible.checkable: true
     Accessible.checked: selected
+    Accessible.onToggleAction: press()
 }

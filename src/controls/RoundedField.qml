@@ -13,6 +13,7 @@ Rectangle {
     property alias secret: field.secret
     readonly property alias field: field
 
+    // The text has become another, whoever changed it: a hand, an assistive program, or the owner.
     signal textEdited
     signal accepted
 
@@ -39,7 +40,7 @@ Rectangle {
         anchors.rightMargin: 8
         label: ""
         font: Theme.system(13)
-        onTextEdited: box.textEdited()
+        onTextChanged: box.textEdited()
         onAccepted: box.accepted()
     }
 }

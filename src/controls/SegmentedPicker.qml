@@ -103,6 +103,7 @@ FocusScope {
                 Accessible.role: Accessible.RadioButton
                 Accessible.checkable: true
                 Accessible.checked: selected
+                Accessible.onToggleAction: press()
                 onClicked: {
                     forceActiveFocus(Qt.MouseFocusReason);
                     picker.pick(index);

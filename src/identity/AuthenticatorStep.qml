@@ -46,7 +46,11 @@ LoginStepColumn {
             placeholder: "123456"
             font: Theme.monospaced(20, Font.Medium)
             text: step.viewModel.authenticatorCode
-            onEdited: text => step.viewModel.authenticatorCode = text
+            onTextEdited: {
+                if (text !== step.viewModel.authenticatorCode) {
+                    step.viewModel.authenticatorCode = text;
+                }
+            }
             onAccepted: step.viewModel.submitCode()
         }
 

@@ -34,7 +34,11 @@ LoginStepColumn {
             placeholder: qsTr("ada@example.org")
             font: Theme.system(14)
             text: step.viewModel.email
-            onEdited: text => step.viewModel.email = text
+            onTextEdited: {
+                if (text !== step.viewModel.email) {
+                    step.viewModel.email = text;
+                }
+            }
             onAccepted: step.viewModel.submitEmail()
         }
 

@@ -1,4 +1,4 @@
-// A field of the sign-in form, outlined, that hands out what is typed and never changes it.
+// A field of the sign-in form, outlined, that hands out its text as it stands.
 import QtQuick
 import Quillmere.Controls
 import Quillmere.Theme
@@ -11,7 +11,8 @@ FocusScope {
     property alias text: input.text
     property alias font: input.font
 
-    signal edited(string text)
+    // The text has become another, whoever changed it: a hand, an assistive program, or the owner.
+    signal textEdited
     signal accepted
 
     implicitHeight: input.implicitHeight + 28
@@ -33,7 +34,7 @@ FocusScope {
         focus: true
         label: field.label
         placeholderText: field.placeholder
-        onTextEdited: field.edited(input.text)
+        onTextChanged: field.textEdited()
         onAccepted: field.accepted()
     }
 }

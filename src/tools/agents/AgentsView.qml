@@ -91,7 +91,7 @@ Rectangle {
                     onClicked: agents.toggleRun()
                 }
 
-                // Debugging is not part of the product yet; the button stands in its place.
+                // Does nothing when it is pressed.
                 BorderedButton {
                     symbol: "ladybug.fill"
                     text: qsTr("Debug")

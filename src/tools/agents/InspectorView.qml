@@ -89,7 +89,11 @@ Rectangle {
                     label: qsTr("Name")
                     placeholderText: qsTr("Node Name")
                     text: inspector.title
-                    onTextEdited: inspector.titleEdited(text)
+                    onTextEdited: {
+                        if (text !== inspector.title) {
+                            inspector.titleEdited(text);
+                        }
+                    }
                 }
             }
 
@@ -116,7 +120,6 @@ Rectangle {
                         label: qsTr("Description")
                         font: Theme.system(12)
                         text: inspector.description
-                        // Told also when another node's text comes in.
                         onTextEdited: {
                             if (text !== inspector.description) {
                                 inspector.descriptionEdited(text);
@@ -136,7 +139,11 @@ Rectangle {
                     label: qsTr("Model")
                     placeholderText: qsTr("Enter model name...")
                     text: inspector.model
-                    onTextEdited: inspector.modelEdited(text)
+                    onTextEdited: {
+                        if (text !== inspector.model) {
+                            inspector.modelEdited(text);
+                        }
+                    }
                 }
 
                 ModelPresets {

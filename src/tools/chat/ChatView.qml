@@ -142,7 +142,11 @@ Rectangle {
             y: 16
             height: implicitHeight
             text: chat.inputText
-            onTextEdited: chat.inputText = text
+            onTextEdited: {
+                if (text !== chat.inputText) {
+                    chat.inputText = text;
+                }
+            }
             onAccepted: chat.sendMessage()
         }
 

@@ -22,6 +22,7 @@ PlainButton {
     Accessible.role: Accessible.RadioButton
     Accessible.checkable: true
     Accessible.checked: isSelected
+    Accessible.onToggleAction: press()
 
     background: Item {
         // Cuts off the upper corners, which are round too.

@@ -87,7 +87,11 @@ Rectangle {
                 text: playground.deployment.prompt
                 font: Theme.system(13)
                 color: "white"
-                onTextEdited: playground.deployment.prompt = text
+                onTextEdited: {
+                    if (text !== playground.deployment.prompt) {
+                        playground.deployment.prompt = text;
+                    }
+                }
             }
         }
 

@@ -34,6 +34,7 @@ ButtonBase {
     Accessible.description: badge.length > 0 ? badge + ". " + description : description
     Accessible.checkable: true
     Accessible.checked: isSelected
+    Accessible.onToggleAction: press()
 
     Behavior on scale {
         NumberAnimation {
