@@ -155,6 +155,19 @@ private slots:
         QVERIFY(m_ends.isEmpty());
     }
 
+    void endsThoughAnotherAlertComesUpMeanwhile()
+    {
+        auto &queue = MainQueue::shared();
+        queue.asyncAfter(1s, this, [] { LifecycleManager::checkLocation(); });
+        queue.asyncAfter(3s, this, [] { Alerts::shared().present(u"Update"_s, {}, {u"Later"_s}); });
+        m_world->clock.advance(3s);
+        settle();
+        alerts().answer(0);
+        QVERIFY(eventually([this] { return m_ends.size() == 2; }));
+        QCOMPARE(m_ends.last(), u"ends"_s);
+        QVERIFY(alerts().isUp());
+    }
+
     void holdsBackWhatFallsDueUntilAnswered()
     {
         RootViewState root;

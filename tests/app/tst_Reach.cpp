@@ -119,7 +119,7 @@ QStringList actionsFor(QAccessible::Role role)
     case QAccessible::ListItem:
         return {QAccessibleActionInterface::pressAction()};
     case QAccessible::RadioButton:
-        return {QAccessibleActionInterface::pressAction()};
+        return {QAccessibleActionInterface::pressAction(), QAccessibleActionInterface::toggleAction()};
     case QAccessible::CheckBox:
         return {QAccessibleActionInterface::toggleAction()};
     case QAccessible::Slider:

@@ -199,6 +199,21 @@ private slots:
         QVERIFY(!m_state->showSplash());
     }
 
+    void passesOverATokenThatComesAfterASignInAndALogout()
+    {
+        stores(m_world->service.signsIn(u"ada@example.org"_s));
+        m_world->secrets.hold();
+        m_state->appear();
+        m_world->clock.advance(2'750ms);
+        QVERIFY(!m_state->showSplash());
+        auth().setIsAuthenticated(true);
+        auth().logout();
+        m_world->secrets.answer();
+        settle();
+        QVERIFY(!auth().isAuthenticated());
+        QVERIFY(m_world->service.requests().isEmpty());
+    }
+
     void endsTheSplashWhenTheKeyringAnswersInTime()
     {
         stores(u"a token"_s);

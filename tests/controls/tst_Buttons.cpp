@@ -43,6 +43,7 @@ private slots:
     void showsFocusOfTheKeyboardOnly();
     void showsNoFocusThatCameAfterTheMouse();
     void isDimmedAndDeafWhenDisabled();
+    void isDeafWhenHidden();
     void isDeafAndShowsASpinnerWhenBusy();
     void keepsItsHeightWithASymbolAndWhenBusy();
     void isWholePointsWide_data();
@@ -199,6 +200,19 @@ void tst_Buttons::isDimmedAndDeafWhenDisabled()
     scene.doAccessibly(pressAction, u"it"_s);
     QCOMPARE(scene.count(u"clicks"_s), 0);
     QCOMPARE(scene.item(u"it"_s)->opacity(), 0.5);
+}
+
+void tst_Buttons::isDeafWhenHidden()
+{
+    Scene scene(counting(u"PrimaryButton { objectName: \"it\"; text: \"Back\"; onClicked: ++root.clicks }"_s));
+    scene.item(u"it"_s)->forceActiveFocus(Qt::TabFocusReason);
+    scene.press(Qt::Key_Return);
+    QCOMPARE(scene.count(u"clicks"_s), 1);
+    scene.item(u"it"_s)->setVisible(false);
+    scene.press(Qt::Key_Return);
+    scene.press(Qt::Key_Space);
+    scene.doAccessibly(pressAction, u"it"_s);
+    QCOMPARE(scene.count(u"clicks"_s), 1);
 }
 
 void tst_Buttons::isDeafAndShowsASpinnerWhenBusy()

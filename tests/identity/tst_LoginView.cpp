@@ -60,6 +60,13 @@ private slots:
         QCOMPARE(emailField()->property("text").toString(), u"Ada"_s);
     }
 
+    void takesATextThatAnAssistiveProgramSets()
+    {
+        emailField()->setProperty("text", u"ada@example.org"_s);
+        QCOMPARE(model().email(), u"ada@example.org"_s);
+        QVERIFY(submit(u"Continue"_s)->isEnabled());
+    }
+
     void enablesContinueForAValidAddressOnly()
     {
         QVERIFY(!submit(u"Continue"_s)->isEnabled());

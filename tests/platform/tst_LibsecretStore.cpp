@@ -346,6 +346,7 @@ private slots:
         QTest::newRow("line ends") << u" a\nb\r\n"_s;
         QTest::newRow("long") << QString(20'000, u'x');
         QTest::newRow("empty") << u""_s;
+        QTest::newRow("a NUL in it") << u"token\0Bearer"_s;
     }
     void givesBackWhatItKeeps()
     {

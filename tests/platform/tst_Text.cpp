@@ -36,6 +36,9 @@ private slots:
         QTest::newRow("a blank counts") << u"Llama"_s << u" "_s << false;
         QTest::newRow("diacritics count") << u"Café"_s << u"cafe"_s << false;
         QTest::newRow("diacritics in other case") << u"Café"_s << u"CAFÉ"_s << true;
+        QTest::newRow("an accent behind its letter") << u"Cafe\u0301"_s << u"café"_s << true;
+        QTest::newRow("an accent sought behind its letter") << u"Café"_s << u"fe\u0301"_s << true;
+        QTest::newRow("not its letter alone") << u"Cafe\u0301"_s << u"cafe"_s << false;
         QTest::newRow("Greek final sigma") << u"ΟΔΟΣ"_s << u"οδος"_s << true;
         QTest::newRow("beyond the first plane") << u"𐐀x"_s << u"𐐨X"_s << true;
         QTest::newRow("a pattern is plain text") << u"abc"_s << u"a.c"_s << false;

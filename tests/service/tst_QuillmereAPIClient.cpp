@@ -366,6 +366,15 @@ private slots:
         QVERIFY(world->service.requests().isEmpty());
     }
 
+    void looksAtTheUrlBeforeTheBody()
+    {
+        FineTuneJob job;
+        job.config = QMap<QString, AnyCodable>{{u"rate"_s, AnyCodable{qQNaN()}}};
+        Ended call(client().request<UserProfile>(u"any thing"_s, u"POST"_s, job, false));
+        QVERIFY(!*call);
+        QVERIFY(isService(call.failure(), APIError::invalidURL));
+    }
+
     void uploadsAFileAsOnePartByteForByte_data()
     {
         QTest::addColumn<QString>("name");

@@ -189,6 +189,21 @@ private slots:
         QCOMPARE(chosen(sources), QStringList({u"Database"_s}));
     }
 
+    void staysAtTheFirstStepHoweverOftenBackIsPressed()
+    {
+        open();
+        goTo(1);
+        auto *back = control(u"Back"_s);
+        back->forceActiveFocus(Qt::TabFocusReason);
+        for (int i = 0; i < 3; ++i) {
+            m_window->press(Qt::Key_Return);
+            QVERIFY(text(u"Select Training Data"_s));
+        }
+        QAccessible::queryAccessibleInterface(back)->actionInterface()->doAction(
+            QAccessibleActionInterface::pressAction());
+        QVERIFY(text(u"Select Training Data"_s));
+    }
+
     void recommendsTheFirstModelWhateverIsChosen()
     {
         open();

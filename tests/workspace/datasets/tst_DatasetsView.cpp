@@ -429,6 +429,34 @@ private slots:
         QVERIFY(m_window->control(QAccessible::ListItem, u"code_samples.jsonl"_s));
     }
 
+    void beginsAtTheTopWithEachSearchAndPurpose()
+    {
+        QByteArrayList files;
+        for (int i = 0; i < 300; ++i) {
+            const QByteArray number = QByteArray::number(i);
+            files.append(file(number, "file-" + number + ".csv", i % 2 == 0 ? "test" : "validation"));
+        }
+        opensWith('[' + files.join(',') + ']');
+        QVERIFY(eventually([this] { return m_window->shows(u"file-0.csv"_s); }));
+        const double top = placeOf(rows().constFirst()).top();
+        const auto scrollsToTheEnd = [this] {
+            m_window->control(QAccessible::List, u"Datasets"_s)->forceActiveFocus();
+            m_window->press(Qt::Key_End);
+            return eventually([&] { return m_window->shows(u"file-299.csv"_s); });
+        };
+        QVERIFY(scrollsToTheEnd());
+        m_window->click(m_window->control(QAccessible::RadioButton, u"Validation"_s));
+        settle();
+        QCOMPARE(names().constFirst(), u"file-1.csv"_s);
+        QCOMPARE(placeOf(rows().constFirst()).top(), top);
+
+        QVERIFY(scrollsToTheEnd());
+        m_window->click(m_window->field(u"Search datasets..."_s));
+        m_window->type(u"9"_s);
+        QVERIFY(eventually([this] { return names().value(0) == u"file-9.csv"_s; }));
+        QCOMPARE(placeOf(rows().constFirst()).top(), top);
+    }
+
     void showsManyDatasetsWithFewRows()
     {
         QByteArrayList files;

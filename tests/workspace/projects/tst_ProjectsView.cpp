@@ -516,6 +516,22 @@ private slots:
         QCOMPARE(m_view->rootObject()->findChild<ProjectsViewModel *>()->projects().size(), 4);
     }
 
+    void createsNothingWhileTheSheetFadesAwayByEscape()
+    {
+        m_world->environment.animations = true;
+        open();
+        load();
+        openSheet();
+        QVERIFY(eventually([&] { return m_window->button(u"Create Project"_s) != nullptr; }));
+        m_window->type(u"Mine"_s);
+        auto *button = m_window->button(u"Create Project"_s);
+        m_window->press(Qt::Key_Escape);
+        QVERIFY(sheet());
+        m_window->click(button);
+        QVERIFY(eventually([&] { return !sheet(); }));
+        QCOMPARE(m_view->rootObject()->findChild<ProjectsViewModel *>()->projects().size(), 3);
+    }
+
     void growsTheDescriptionFromThreeToFiveLines()
     {
         open();
@@ -604,6 +620,26 @@ private slots:
         m_window->press(Qt::Key_Home);
         redraw();
         QCOMPARE(cards().first()->property("name").toString(), u"Project 299"_s);
+    }
+
+    void beginsASearchAtTheTop()
+    {
+        open();
+        load();
+        auto *model = m_view->rootObject()->findChild<ProjectsViewModel *>();
+        for (int i = 0; i < 300; ++i) {
+            model->createProject(u"Project %1"_s.arg(i), {});
+        }
+        redraw();
+        const double top = placeOf(cards().first()).top();
+        m_window->control(QAccessible::List, u"Projects"_s)->forceActiveFocus(Qt::TabFocusReason);
+        m_window->press(Qt::Key_End);
+        redraw();
+        m_window->click(m_window->field(u"Search projects..."_s));
+        m_window->type(u"1"_s);
+        redraw();
+        QCOMPARE(names().first(), u"Project 291"_s);
+        QCOMPARE(placeOf(cards().first()).top(), top);
     }
 
     void tellsAssistiveProgramsWhatIsThere()

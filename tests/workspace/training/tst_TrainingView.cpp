@@ -284,6 +284,36 @@ private slots:
         QVERIFY(placeOf(card).contains(placeOf(m_window->symbol(u"arrow.right.circle"_s, card))));
     }
 
+    void showsANameOfManyLinesInOne()
+    {
+        opensWith('[' + job("1", "running", QByteArray("Line\\n").repeated(200'000)) + ',' + job("2", "failed") + ']');
+        QVERIFY(eventually([this] { return cards().size() == 2; }));
+        QCOMPARE(cards().constLast()->property("name").toString(), u"A job"_s);
+        QCOMPARE(m_window->all(u"Label"_s, cards().constFirst()).constFirst()->property("lineCount").toInt(), 1);
+    }
+
+    void beginsAtTheTopWithEachFilter()
+    {
+        QByteArrayList jobs;
+        for (int i = 0; i < 100; ++i) {
+            const QByteArray number = QByteArray::number(i);
+            jobs.append(job(number, i % 2 == 0 ? "completed" : "failed", "Job " + number));
+        }
+        opensWith('[' + jobs.join(',') + ']');
+        QVERIFY(eventually([this] { return m_window->shows(u"Job 0"_s); }));
+        const double top = placeOf(cards().constFirst()).top();
+        m_window->control(QAccessible::List, u"Training jobs"_s)->forceActiveFocus();
+        m_window->press(Qt::Key_End);
+        QVERIFY(eventually([this] { return m_window->shows(u"Job 99"_s); }));
+        for (const auto &[filter, first] :
+            {std::pair(u"Completed"_s, u"Job 0"_s), std::pair(u"Failed"_s, u"Job 1"_s)}) {
+            m_window->click(pill(filter));
+            settle();
+            QCOMPARE(names().constFirst(), first);
+            QCOMPARE(placeOf(cards().constFirst()).top(), top);
+        }
+    }
+
     void showsMarkupAsItStands()
     {
         const auto name = u"<b>Bold</b> &amp; <img src='http://127.0.0.1:1/x'>"_s;
