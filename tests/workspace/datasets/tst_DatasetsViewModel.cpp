@@ -212,6 +212,23 @@ private slots:
         QCOMPARE(announced, QStringList({u"isLoading"_s, u"datasets"_s, u"isLoading"_s}));
     }
 
+    void announcesWhatAnUploadAndARemovalWrite()
+    {
+        loads("[]");
+        QStringList announced;
+        connect(m_model.get(), &DatasetsViewModel::willChange, this, [&](const QString &field) { announced += field; });
+        m_model->uploadFile("x", u"a.json"_s);
+        QCOMPARE(announced, QStringList(u"datasets"_s));
+        QVERIFY(eventually([this] { return m_model->datasets().first().id.startsWith(u"file-"_s); }));
+        QCOMPARE(announced, QStringList({u"datasets"_s, u"datasets"_s}));
+        m_model->removeDataset(m_model->datasets().first().id);
+        QCOMPARE(announced.size(), 3);
+        m_world->service.on("POST /v1/files").answers(500, "{}");
+        m_model->uploadFile("x", u"b.json"_s);
+        QVERIFY(eventually([this] { return m_model->errorMessage().has_value(); }));
+        QCOMPARE(announced.mid(3), QStringList({u"datasets"_s, u"errorMessage"_s}));
+    }
+
     // Search and filter
 
     void searchesNamesWhateverTheCase_data()

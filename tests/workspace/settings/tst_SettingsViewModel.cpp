@@ -49,6 +49,19 @@ private slots:
         QCOMPARE(&model->authManager, &AuthManager::shared());
     }
 
+    void announcesEachWriteOfALoad()
+    {
+        world->isSignedIn();
+        AuthManager::shared().setCurrentUser(ada());
+        world->service.on("GET /v1/auth/me").answers(200, grace);
+        QStringList announced;
+        connect(model.get(), &Observable::willChange, this, [&](const QString &field) { announced += field; });
+        model->loadUserData();
+        QCOMPARE(announced, QStringList({u"isLoading"_s, u"user"_s}));
+        QVERIFY(eventually([&] { return !model->isLoading(); }));
+        QCOMPARE(announced, QStringList({u"isLoading"_s, u"user"_s, u"user"_s, u"isLoading"_s}));
+    }
+
     void namesTheFourSections()
     {
         using Section = SettingsVocabulary::SettingsSection;
