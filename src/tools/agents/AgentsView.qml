@@ -157,25 +157,30 @@ Rectangle {
         }
     }
 
-    InspectorView {
+    // From the first node on that is selected.
+    Loader {
         id: inspector
 
         x: view.width - width * view.inspection
         width: 300
         height: view.height
-        // Its line goes on where that of the bar ends.
-        headerHeight: topBar.height - 1
+        active: agents.hasSelectedNode || status === Loader.Ready
         visible: view.inspection > 0
-        enabled: agents.hasSelectedNode
-        onTitleEdited: title => agents.setTitle(title)
-        onDescriptionEdited: description => agents.setDescription(description)
-        onModelEdited: model => agents.setModel(model)
 
-        // While the inspector leaves it still shows the node that it was there for.
-        Binding on node {
-            when: agents.hasSelectedNode
-            value: agents.selectedNode
-            restoreMode: Binding.RestoreNone
+        sourceComponent: InspectorView {
+            // Its line goes on where that of the bar ends.
+            headerHeight: topBar.height - 1
+            enabled: agents.hasSelectedNode
+            onTitleEdited: title => agents.setTitle(title)
+            onDescriptionEdited: description => agents.setDescription(description)
+            onModelEdited: model => agents.setModel(model)
+
+            // While the inspector leaves it still shows the node that it was there for.
+            Binding on node {
+                when: agents.hasSelectedNode
+                value: agents.selectedNode
+                restoreMode: Binding.RestoreNone
+            }
         }
     }
 }

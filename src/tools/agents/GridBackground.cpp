@@ -1,7 +1,6 @@
 #include "tools/agents/GridBackground.h"
 
 #include <QPainter>
-#include <QPainterPath>
 
 #include <cmath>
 
@@ -26,18 +25,16 @@ void GridBackground::setGridScale(double scale)
 void GridBackground::paint(QPainter *painter)
 {
     const double cell = cellSize * m_gridScale;
-    // One path, filled once, so that the crossings are no brighter than the lines.
-    QPainterPath lines;
-    lines.setFillRule(Qt::WindingFill);
-    for (int i = 0; i * cell < width(); ++i) {
-        lines.addRect(std::round(i * cell), 0, 1, height());
-    }
-    for (int i = 0; i * cell < height(); ++i) {
-        lines.addRect(0, std::round(i * cell), width(), 1);
-    }
     QColor color = Qt::white;
     color.setAlphaF(lineOpacity);
-    painter->fillPath(lines, color);
+    // In the place of what is there, so that the crossings are no brighter than the lines.
+    painter->setCompositionMode(QPainter::CompositionMode_Source);
+    for (int i = 0; i * cell < width(); ++i) {
+        painter->fillRect(QRectF(std::round(i * cell), 0, 1, height()), color);
+    }
+    for (int i = 0; i * cell < height(); ++i) {
+        painter->fillRect(QRectF(0, std::round(i * cell), width(), 1), color);
+    }
 }
 
 } // namespace quillmere
