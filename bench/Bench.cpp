@@ -223,16 +223,9 @@ double anonymousMemory(qint64 process)
     return memory(process, "Pss_Anon:");
 }
 
-double processorTime(qint64 process)
+double processorTime()
 {
-    double milliseconds = 0;
-    for (const QString &thread : QDir(u"/proc/%1/task"_s.arg(process)).entryList(QDir::Dirs | QDir::NoDotAndDotDot)) {
-        QFile used(u"/proc/%1/task/%2/schedstat"_s.arg(process).arg(thread));
-        if (used.open(QFile::ReadOnly)) {
-            milliseconds += used.readAll().split(' ').first().toDouble() / 1e6;
-        }
-    }
-    return milliseconds;
+    return 1000.0 * double(std::clock()) / CLOCKS_PER_SEC;
 }
 
 } // namespace quillmere::bench

@@ -102,7 +102,7 @@ double proportionalMemory(qint64 process);
 // The part of it that no file stands behind.
 double anonymousMemory(qint64 process);
 
-// What a process, without those it started, has used of the processors so far (ms).
-double processorTime(qint64 process);
+// What this process has used of the processors so far (ms).
+double processorTime();
 
 } // namespace quillmere::bench

@@ -119,7 +119,7 @@ int main(int argc, char **argv)
     QGuiApplication application(argc, argv);
     Environment environment;
     environment.animations = false;
-    Theme::registerSymbols();
+    Theme::registerFaces();
 
     for (const auto &[count, most] : {std::pair(100, 16.0), std::pair(500, 33.0)}) {
         const Samples floor = dragRectangle();

@@ -73,7 +73,7 @@ int main(int argc, char *argv[])
 {
     qputenv("QT_QPA_PLATFORM", "offscreen");
     const QGuiApplication application(argc, argv);
-    Theme::registerSymbols();
+    Theme::registerFaces();
     measure(u"chart of 2,000 points, straight"_s, false);
     measure(u"chart of 2,000 points, smoothed"_s, true);
     return exitCode();

@@ -113,7 +113,7 @@ int main(int argc, char *argv[])
 {
     const QGuiApplication app(argc, argv);
     const auto environment = Environment::real();
-    Theme::registerSymbols();
+    Theme::registerFaces();
 
     Cost floor;
     Cost moving;

@@ -240,7 +240,7 @@ void report(const Screen &screen, StandIn &service, int turns)
 int main(int argc, char *argv[])
 {
     const QGuiApplication application(argc, argv);
-    Theme::registerSymbols();
+    Theme::registerFaces();
 
     StandIn service;
     check(service.listen(), "The stand-in service has no port.");

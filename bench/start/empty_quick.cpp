@@ -23,6 +23,7 @@ int main(int argc, char *argv[])
         window, &QQuickWindow::frameSwapped, window,
         [first = true]() mutable {
             if (std::exchange(first, false)) {
+                std::printf("first-frame-work %.3f\n", quillmere::bench::processorTime());
                 std::printf("first-frame %lld\n", static_cast<long long>(quillmere::bench::nanoseconds()));
                 std::fflush(stdout);
             }

@@ -7,6 +7,9 @@ import Quillmere.Theme
 Window {
     id: window
 
+    // Its first frame is on the screen, and the faces are known.
+    property bool isUp: false
+
     title: qsTr("Quillmere Studio")
     flags: Qt.Window | Qt.FramelessWindowHint
     width: Screen.width > 0 ? Math.max(Screen.width, minimumWidth) : 1440
@@ -16,6 +19,8 @@ Window {
     color: Theme.background
     visible: true
 
+    onIsUpChanged: frame.setSource("WindowFrame.qml", {window: window})
+
     // For good: a window that comes to another screen keeps its size.
     Component.onCompleted: {
         width = width;
@@ -24,6 +29,7 @@ Window {
 
     RootView {
         anchors.fill: parent
+        hasFaces: window.isUp
     }
 
     // From the first of them on.
@@ -32,21 +38,12 @@ Window {
         source: "WindowDialogs.qml"
     }
 
-    // After the first frame, of which its faces and types would take a tenth of the time. It lies over sheets and alerts, whose overlay
+    // After the first frame, of which its types would take a tenth of the time. It lies over sheets and alerts, whose overlay
     // has a z of a million and one.
     Loader {
         id: frame
 
         anchors.fill: parent
         z: 1000002
-    }
-
-    Connections {
-        target: window
-        enabled: frame.status === Loader.Null
-
-        function onFrameSwapped() {
-            frame.setSource("WindowFrame.qml", {window: window});
-        }
     }
 }

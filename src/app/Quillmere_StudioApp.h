@@ -33,6 +33,9 @@ public:
     void receive(const QString &message);
 
 private:
+    // What the first frame does not show.
+    void goOn();
+
     QQmlApplicationEngine m_engine;
 };
 

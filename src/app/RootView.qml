@@ -7,6 +7,7 @@ import Quillmere.Theme
 Item {
     id: view
 
+    required property bool hasFaces
     readonly property bool showSplash: root.showSplash
 
     Component.onCompleted: root.appear()
@@ -38,7 +39,9 @@ Item {
         anchors.fill: parent
         active: opacity > 0
         opacity: view.showSplash ? 1 : 0
-        sourceComponent: SplashScreenView {}
+        sourceComponent: SplashScreenView {
+            hasFaces: view.hasFaces
+        }
 
         Behavior on opacity {
             NumberAnimation {

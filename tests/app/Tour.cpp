@@ -72,7 +72,7 @@ const QList<Tour::Place> &Tour::table()
     };
 
     static const QList<Place> places{
-        {u"splash"_s, Splash, [](Tour &tour) { return tour.shows(u"SplashScreenView"_s); }},
+        {u"splash"_s, Splash, [](Tour &tour) { return tour.shows(u"SplashBrand"_s); }},
 
         destination("dashboard", SidebarItem::Dashboard),
         destination("projects", SidebarItem::Projects),

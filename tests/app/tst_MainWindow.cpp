@@ -87,6 +87,7 @@ private slots:
     void composesTheSplash()
     {
         opens();
+        QVERIFY(eventually([this] { return m_window->shows(u"Quillmere Studio"_s); }));
         const QQuickItem *logo = m_window->all(u"QQuickImage"_s).value(0);
         QVERIFY(eventually([&] { return placeOf(logo).width() == 140; }));
         QCOMPARE(placeOf(logo).size(), QSizeF(140, 140));
@@ -113,7 +114,7 @@ private slots:
         }
         const QQuickItem *stack = logo->parentItem();
         QVERIFY(qAbs(placeOf(stack).center().y() - m_studio->window()->height() / 2.0) <= 1);
-        const QQuickItem *screen = stack->parentItem();
+        const QQuickItem *screen = m_window->all(u"SplashScreenView"_s).value(0);
         QCOMPARE(colorOf(screen), u"#ff09090b"_s);
         QCOMPARE(placeOf(screen), QRectF({0, 0}, m_studio->window()->size()));
         QCOMPARE(QSizeF(screen->implicitWidth(), screen->implicitHeight()), QSizeF(800, 600));
@@ -124,16 +125,17 @@ private slots:
         m_world->environment.animations = true;
         m_studio = std::make_unique<Quillmere_StudioApp>();
         QVERIFY(m_studio->open());
-        // Before its first frame; nothing of it can be seen yet.
-        QQuickItem *stack = nullptr;
-        for (QQuickItem *item : m_studio->window()->findChildren<QQuickItem *>()) {
-            if (item->property("entrance").isValid()) {
-                stack = item;
-            }
-        }
-        QVERIFY(stack);
-        QCOMPARE(stack->scale(), 0.85);
-        QCOMPARE(stack->opacity(), 0.0);
+        const auto findStack = [this] {
+            const auto items = m_studio->window()->findChildren<QQuickItem *>();
+            const auto stack = std::find_if(items.cbegin(), items.cend(),
+                [](const QQuickItem *item) { return item->property("entrance").isValid(); });
+            return stack == items.cend() ? nullptr : *stack;
+        };
+        // Its first frame shows nothing of it, and is not kept waiting for it.
+        QVERIFY(!findStack());
+        QVERIFY(eventually([&] { return findStack(); }));
+        QQuickItem *const stack = findStack();
+        QVERIFY(stack->opacity() < 1);
         QCOMPARE(stack->transformOrigin(), QQuickItem::Center);
 
         QObject *animation = nullptr;
@@ -788,12 +790,7 @@ private:
         QVERIFY(eventually([] { return BrowserSession::shared().isWaiting(); }));
     }
 
-    bool isSplash() const
-    {
-        const auto images = m_window->all(u"QQuickImage"_s);
-        return std::any_of(
-            images.cbegin(), images.cend(), [](const QQuickItem *image) { return image->width() == 140; });
-    }
+    bool isSplash() const { return !m_window->all(u"SplashScreenView"_s).isEmpty(); }
     bool isLogin() const { return m_window->shows(u"Seamless Model Sync"_s); }
     bool isMain() const { return !m_window->all(u"ContentView"_s).isEmpty(); }
 

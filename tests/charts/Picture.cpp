@@ -32,7 +32,7 @@ Picture::Picture(const QString &qml, QObject *given)
     QTest::failOnWarning(QRegularExpression(u".*"_s));
     QAccessible::setActive(true);
     environment.animations = false;
-    Theme::registerSymbols();
+    Theme::registerFaces();
     view.engine()->addImportPath(u"qrc:/qt/qml"_s);
     view.setColor(Qt::black);
     view.resize(800, 600);

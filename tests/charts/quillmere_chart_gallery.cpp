@@ -18,7 +18,7 @@ int main(int argc, char *argv[])
     QGuiApplication application(argc, argv);
     const auto environment = Environment::real();
     environment->animations = argc <= 1;
-    Theme::registerSymbols();
+    Theme::registerFaces();
 
     QQuickView view;
     view.engine()->addImportPath(u"qrc:/qt/qml"_s);

@@ -27,7 +27,7 @@ Scene::Scene(const QString &qml, bool animations) : clock(clockOf(environment))
     QTest::failOnWarning(QRegularExpression(u".*"_s));
     QAccessible::setActive(true);
     environment.animations = animations;
-    Theme::registerSymbols();
+    Theme::registerFaces();
     view.engine()->addImportPath(u"qrc:/qt/qml"_s);
     view.setColor(Theme::background());
     view.resize(800, 600);

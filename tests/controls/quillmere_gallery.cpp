@@ -23,7 +23,7 @@ int main(int argc, char *argv[])
     const QString page = argc > 1 ? QString::fromLocal8Bit(argv[1]) : u"Gallery"_s;
     const bool takesPicture = argc > 2;
     environment->animations = !takesPicture;
-    Theme::registerSymbols();
+    Theme::registerFaces();
 
     QQmlEngine engine;
     engine.addImportPath(u"qrc:/qt/qml"_s);

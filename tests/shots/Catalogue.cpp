@@ -213,16 +213,27 @@ void seesTheEnd(Stage &s, const QString &area)
     s.wheel(s.nth(area), 100);
 }
 
-// Tools
-
 // Qt draws symbols of more than 64 pixels as paths, and puts their edges a sixty-fourth of a pixel to one side or not.
-QImage withoutTheLargeMark(Stage &s)
+QImage without(Stage &s, const QRectF &mark)
 {
     QImage picture = s.picture();
-    const QRect sheet = placeOf(s.nth(u"SuccessView"_s)).toRect();
-    QPainter(&picture).fillRect(sheet.left(), sheet.top(), sheet.width(), 40 + 77, Qt::black);
+    QPainter(&picture).fillRect(mark.toRect(), Qt::black);
     return picture;
 }
+
+QImage withoutTheMarkOfSuccess(Stage &s)
+{
+    const QRectF sheet = placeOf(s.nth(u"SuccessView"_s));
+    return without(s, {sheet.left(), sheet.top(), sheet.width(), 40 + 77});
+}
+
+QImage withoutTheMarkOfEmptiness(Stage &s)
+{
+    const QQuickItem *column = s.nth(u"EmptyState"_s)->childItems().constFirst();
+    return without(s, placeOf(column->childItems().constFirst()));
+}
+
+// Tools
 
 void opensWizard(Stage &s, int step, const QString &source = u"Sample Dataset"_s)
 {
@@ -481,7 +492,8 @@ QList<Shot> catalogue()
             [](Stage &s) {
                 s.world.service.hasFiles("[]");
                 opensDatasets(s, u"No Datasets"_s);
-            }},
+            },
+            Shot::smallest, withoutTheMarkOfEmptiness},
         {u"datasets-samples"_s,
             [](Stage &s) {
                 s.world.service.on("GET /v1/files").answers(503);
@@ -627,7 +639,8 @@ QList<Shot> catalogue()
             [](Stage &s) {
                 s.world.service.hasJobs("[]");
                 opensTraining(s, u"No Training Jobs"_s);
-            }},
+            },
+            Shot::smallest, withoutTheMarkOfEmptiness},
         {u"training-long-names"_s,
             [](Stage &s) {
                 s.world.service.hasJobs(R"([{"id":"ft-)" + longName.toLower().replace(' ', '-') + R"(","name":")"
@@ -812,7 +825,7 @@ QList<Shot> catalogue()
                 s.pass(2s);
                 s.see(u"Training Started!"_s);
             },
-            Shot::smallest, withoutTheLargeMark},
+            Shot::smallest, withoutTheMarkOfSuccess},
 
         // Chat
         {u"chat"_s, [](Stage &s) { s.opensSignedIn(SidebarItem::Chat); }},

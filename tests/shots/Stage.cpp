@@ -47,6 +47,7 @@ void Stage::opens()
         qFatal("The program does not open.");
     }
     shows(m_studio->window());
+    see(u"Quillmere Studio"_s);
 }
 
 void Stage::opensSignedOut()
@@ -77,7 +78,7 @@ void Stage::goesTo(SidebarItem::Case destination)
 
 void Stage::opensPage(const QUrl &page, const QVariantMap &properties)
 {
-    Theme::registerSymbols();
+    Theme::registerFaces();
     m_page = std::make_unique<QQuickView>();
     m_page->engine()->addImportPath(u"qrc:/qt/qml"_s);
     m_page->setColor(Theme::background());

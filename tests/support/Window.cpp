@@ -160,7 +160,7 @@ void Window::type(const QString &text)
 std::unique_ptr<QQuickView> openView(const QString &file, QSize size)
 {
     QAccessible::setActive(true);
-    Theme::registerSymbols();
+    Theme::registerFaces();
     auto view = std::make_unique<QQuickView>();
     view->engine()->addImportPath(u"qrc:/qt/qml"_s);
     view->setResizeMode(QQuickView::SizeRootObjectToView);

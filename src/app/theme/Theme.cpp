@@ -3,51 +3,12 @@
 #include "app/theme/Color.h"
 
 #include <QDirIterator>
-#include <QFile>
 #include <QFontDatabase>
 #include <QResource>
-#include <QSet>
 
 using namespace Qt::StringLiterals;
 
 namespace quillmere {
-
-namespace {
-
-void registerFiles(const QString &pattern)
-{
-    for (QDirIterator files(u":/fonts"_s, {pattern}, QDir::Files); files.hasNext();) {
-        // Of a file that it is given by name the toolkit makes two copies in memory; this way it reads where the program lies.
-        QFontDatabase::addApplicationFontFromData(QResource(files.next()).uncompressedData());
-    }
-}
-
-QString fileOf(const QString &family, int weight)
-{
-    static const QHash<int, QString> styles{{QFont::Light, u"Light"_s}, {QFont::Normal, u"Regular"_s},
-        {QFont::Medium, u"Medium"_s}, {QFont::DemiBold, u"SemiBold"_s}, {QFont::Bold, u"Bold"_s},
-        {QFont::Black, u"Black"_s}};
-    return QString(family).remove(u' ') + u'-' + styles.value(weight);
-}
-
-// At the first use of a face, since the toolkit looks at every glyph of it: all at once they took as many instructions before the first
-// frame as half an empty window does from its start.
-void makeKnown(const QString &family, int weight)
-{
-    static QSet<std::pair<QString, int>> known;
-    const std::pair face(family, weight);
-    if (known.contains(face)) {
-        return;
-    }
-    known.insert(face);
-    const QString file = fileOf(family, weight);
-    const bool exists =
-        QFile::exists(u":/fonts/"_s + file + u".ttf"_s) || QFile::exists(u":/fonts/"_s + file + u".otf"_s);
-    // For a weight without a file the toolkit takes the nearest.
-    registerFiles(exists ? file + u".*"_s : QString(family).remove(u' ') + u"-*"_s);
-}
-
-} // namespace
 
 QColor Theme::background()
 {
@@ -160,7 +121,6 @@ QFont Theme::face(const QString &name, double size, int weight)
         const QString style = dash < 0 ? QString() : name.mid(dash + 1);
         weight = style == u"Light"_s ? QFont::Light : style == u"Medium"_s ? QFont::Medium : QFont::Normal;
     }
-    makeKnown(family, weight);
     QFont font(family);
     font.setPixelSize(qRound(size));
     font.setWeight(QFont::Weight(weight));
@@ -190,9 +150,18 @@ QFont Theme::tracked(QFont font, double spacing)
     return font;
 }
 
-void Theme::registerSymbols()
+void Theme::registerFaces()
 {
-    registerFiles(u"QuillmereSymbols-*"_s);
+    // In one go: with each face that becomes known the toolkit throws away what it knows of all others, down to the outlines of their
+    // letters, and sets every text anew.
+    static const bool registered = [] {
+        for (QDirIterator files(u":/fonts"_s, QDir::Files); files.hasNext();) {
+            // Of a file that it is given by name the toolkit makes two copies in memory; this way it reads where the program lies.
+            QFontDatabase::addApplicationFontFromData(QResource(files.next()).uncompressedData());
+        }
+        return true;
+    }();
+    Q_UNUSED(registered)
 }
 
 } // namespace quillmere

@@ -94,8 +94,8 @@ public:
     // The same font with letters further apart, in points.
     Q_INVOKABLE static QFont tracked(QFont font, double spacing);
 
-    // Makes the font of the symbols known by its name, before the first of them is shown. The faces become known at first use.
-    static void registerSymbols();
+    // Makes all faces and the font of the symbols known by their names, before the first text is shown. Further calls do nothing.
+    static void registerFaces();
 };
 
 } // namespace quillmere

@@ -48,7 +48,7 @@ private:
     }
 
 private slots:
-    void initTestCase() { Theme::registerSymbols(); }
+    void initTestCase() { Theme::registerFaces(); }
     void init()
     {
         m_world = std::make_unique<PlatformEnvironment>();

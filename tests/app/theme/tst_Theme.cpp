@@ -14,7 +14,7 @@ class tst_Theme : public QObject {
     Q_OBJECT
 
 private slots:
-    void initTestCase() { Theme::registerSymbols(); }
+    void initTestCase() { Theme::registerFaces(); }
 
     void hasTwelveColors_data()
     {
