@@ -26,6 +26,7 @@ private slots:
     void showsItsBarWhileThePointerIsInside();
     void scrollsByDraggingItsBar();
     void scrollsAListOfCardsBetweenItsMargins();
+    void scrollsAGridByKeysWhoseCardsTakeNone();
     void turnsWhileItIsSeen();
     void standsStillWhereThereAreNoAnimations();
     void stopsTurningWhenHidden_data();
@@ -225,6 +226,18 @@ void tst_Panels::scrollsAListOfCardsBetweenItsMargins()
     QCOMPARE(contentY(scene), -24.0);
     QCOMPARE(scene.accessible(u"it"_s)->role(), QAccessible::List);
     QCOMPARE(scene.accessible(u"it"_s)->text(QAccessible::Name), u"Jobs"_s);
+}
+
+void tst_Panels::scrollsAGridByKeysWhoseCardsTakeNone()
+{
+    Scene scene(u"CardGrid { id: grid; objectName: \"it\"; width: 500; height: 300; accessibleName: \"Cards\"\n"
+                "columns: 2; cardHeight: 100; stepsThroughCards: false; model: 20\n"
+                "delegate: Card { width: grid.cardWidth; height: grid.cardHeight } }"_s);
+    QTRY_COMPARE(contentY(scene), -24.0);
+    scene.press(Qt::Key_Tab);
+    QVERIFY(scene.item(u"it"_s)->hasActiveFocus());
+    scene.press(Qt::Key_PageDown);
+    QVERIFY(contentY(scene) > -24.0);
 }
 
 namespace {

@@ -160,6 +160,15 @@ private slots:
         QCOMPARE(gauge.fraction(), 0.0);
     }
 
+    void fillsByALargestValueBelowOneAsByAnyOther()
+    {
+        GaugeMeterState gauge;
+        gauge.setMaxValue(0.5);
+        gauge.setValue(0.25);
+        gauge.appear();
+        QCOMPARE(gauge.fraction(), 0.5);
+    }
+
     void takesTheHigherColourAtAThreshold_data()
     {
         QTest::addColumn<GaugeThresholds>("thresholds");

@@ -887,14 +887,24 @@ private slots:
     {
         QFETCH(bool, fromItsName);
         open();
-        m_window->click(node(2));
+        m_window->click(node(1));
         if (fromItsName) {
             m_window->click(m_window->field(u"Name"_s));
         }
         m_window->press(Qt::Key_Escape);
         QVERIFY(!m_agents->hasSelectedNode());
         QVERIFY(eventually([&] { return !inspector(); }));
-        QCOMPARE(m_view->activeFocusItem(), node(2));
+        QCOMPARE(m_view->activeFocusItem(), node(1));
+    }
+
+    void leavesEscapeToOthersWhereNoNodeIsSelected()
+    {
+        open();
+        node(0)->forceActiveFocus(Qt::TabFocusReason);
+        QKeyEvent escape(QEvent::KeyPress, Qt::Key_Escape, Qt::NoModifier);
+        QCoreApplication::sendEvent(m_view.get(), &escape);
+        QVERIFY(!escape.isAccepted());
+        QCOMPARE(m_view->activeFocusItem(), node(0));
     }
 
     void takesNoneOfTheShortcutsThatTheDocumentationLists()
