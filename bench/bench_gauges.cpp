@@ -46,11 +46,11 @@ const QByteArray restless = R"(
 import QtQuick
 import Quillmere.Analytics
 import Quillmere.Controls
-AdaptiveGrid {
+FlexibleGrid {
     id: grid
     property bool turn: false
     width: 1220
-    minimumCellWidth: 180
+    minimumColumnWidth: 180
     spacing: 20
     Timer { interval: 300; repeat: true; running: true; onTriggered: grid.turn = !grid.turn }
     Repeater {

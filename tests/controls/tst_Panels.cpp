@@ -44,6 +44,7 @@ private slots:
     void namesTheMarksOfTheWindow();
     void zoomsByADoubleClickOnTheStrip();
     void hasNoEdgesWhileZoomed();
+    void givesAHiddenCellNoColumn();
     void hasAGlyphForEverySymbolInTheSources();
 };
 
@@ -440,6 +441,30 @@ void tst_Panels::hasNoEdgesWhileZoomed()
     QVERIFY(scene.item(u"edges"_s)->isVisible());
     window.showMaximized();
     QTRY_VERIFY(!scene.item(u"edges"_s)->isVisible());
+}
+
+void tst_Panels::givesAHiddenCellNoColumn()
+{
+    Scene scene(u"property bool shows: true\n"
+                "FlexibleGrid { objectName: \"it\"; width: 310; minimumColumnWidth: 90; spacing: 10\n"
+                "Card { objectName: \"first\"; height: 20; visible: root.shows }\n"
+                "Repeater { model: 3; Card { height: 20 } } }"_s);
+    const auto places = [&] {
+        QStringList places;
+        for (const auto *cell : scene.item(u"it"_s)->childItems()) {
+            if (cell->isVisible() && cell->height() > 0) {
+                places.append(u"%1 %2 %3"_s.arg(cell->x()).arg(cell->y()).arg(cell->width()));
+            }
+        }
+        return places;
+    };
+    QTRY_COMPARE(places(), (QStringList{u"0 0 97"_s, u"107 0 96"_s, u"213 0 97"_s, u"0 30 97"_s}));
+    scene.view.rootObject()->setProperty("shows", false);
+    QTRY_COMPARE(places(), (QStringList{u"0 0 97"_s, u"107 0 96"_s, u"213 0 97"_s}));
+    scene.item(u"it"_s)->setWidth(200);
+    QTRY_COMPARE(places(), (QStringList{u"0 0 95"_s, u"105 0 95"_s, u"0 30 95"_s}));
+    scene.view.rootObject()->setProperty("shows", true);
+    QTRY_COMPARE(places(), (QStringList{u"0 0 95"_s, u"105 0 95"_s, u"0 30 95"_s, u"105 30 95"_s}));
 }
 
 void tst_Panels::hasAGlyphForEverySymbolInTheSources()

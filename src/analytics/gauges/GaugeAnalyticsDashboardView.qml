@@ -17,12 +17,14 @@ ScrollArea {
     Column {
         id: page
 
+        readonly property real innerWidth: width - 2 * padding
+
         width: view.width
         padding: 32
         spacing: 32
 
         Item {
-            width: page.width - 2 * page.padding
+            width: page.innerWidth
             height: title.height
 
             Column {
@@ -64,7 +66,7 @@ ScrollArea {
         }
 
         GaugeSection {
-            width: page.width - 2 * page.padding
+            width: page.innerWidth
             title: qsTr("GPU HEALTH")
             icon: "cpu"
 
@@ -106,7 +108,7 @@ ScrollArea {
         }
 
         GaugeSection {
-            width: page.width - 2 * page.padding
+            width: page.innerWidth
             title: qsTr("SYSTEM LOAD")
             icon: "server.rack"
 
@@ -149,7 +151,7 @@ ScrollArea {
 
         // From here on some thresholds fall from left to right, and their gauges are red where all is well.
         GaugeSection {
-            width: page.width - 2 * page.padding
+            width: page.innerWidth
             title: qsTr("TRAINING DYNAMICS")
             icon: "waveform.path.ecg"
 
@@ -181,7 +183,7 @@ ScrollArea {
         }
 
         GaugeSection {
-            width: page.width - 2 * page.padding
+            width: page.innerWidth
             title: qsTr("MODEL HEALTH")
             icon: "brain.head.profile"
 

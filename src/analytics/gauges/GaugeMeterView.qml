@@ -18,12 +18,10 @@ Item {
     readonly property bool isHovering: hover.hovered
     readonly property color labelColor: isHovering ? "white" : Color.gray
 
-    width: (parent as AdaptiveGrid)?.cellWidth ?? implicitWidth
-    implicitWidth: 180
     implicitHeight: content.height + 32
     scale: isHovering ? 1.02 : 1
     Accessible.role: Accessible.StaticText
-    Accessible.name: metricName + " " + gauge.text + (unit.length > 0 ? " " + unit : "")
+    Accessible.name: metricName + ": " + gauge.text + (unit.length > 0 ? " " + unit : "")
 
     Behavior on scale {
         NumberAnimation {

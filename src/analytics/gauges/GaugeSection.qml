@@ -36,11 +36,11 @@ Column {
         color: Color.faded(Color.gray, 0.3)
     }
 
-    AdaptiveGrid {
+    FlexibleGrid {
         id: grid
 
         width: section.width
-        minimumCellWidth: 180
+        minimumColumnWidth: 180
         spacing: 20
     }
 }

@@ -50,27 +50,24 @@ Rectangle {
                 spacing: 16
 
                 MetricCardNew {
-                    width: metrics.widthAt(0)
                     height: metrics.height
                     title: qsTr("TRAINING LOSS")
-                    value: run.trainingLoss
+                    value: Format.real("%.3f", AnalyticsDataManager.trainingLoss)
                     change: "-12%"
                     changeLabel: qsTr("Epoch 2/5")
                     isPositiveChange: true
                 }
 
                 MetricCardNew {
-                    width: metrics.widthAt(1)
                     height: metrics.height
                     title: qsTr("VALIDATION LOSS")
-                    value: run.validationLoss
+                    value: Format.real("%.3f", AnalyticsDataManager.validationLoss)
                     change: "-5%"
                     changeLabel: qsTr("Best: 0.310")
                     isPositiveChange: true
                 }
 
                 MetricCardNew {
-                    width: metrics.widthAt(2)
                     height: metrics.height
                     title: qsTr("THROUGHPUT")
                     value: "4.2k"

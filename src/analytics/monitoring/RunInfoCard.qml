@@ -66,35 +66,29 @@ Card {
         }
 
         FlexibleGrid {
-            id: details
-
             width: content.width
             columns: 4
             spacing: 16
 
             InfoGridItem {
-                width: details.widthAt(0)
                 label: qsTr("Base Model")
                 value: "Llama-3-8b"
                 icon: "cube.fill"
             }
 
             InfoGridItem {
-                width: details.widthAt(1)
                 label: qsTr("Dataset")
                 value: "PubMed-QA"
                 icon: "cylinder.split.1x2.fill"
             }
 
             InfoGridItem {
-                width: details.widthAt(2)
                 label: qsTr("Method")
                 value: "QLoRA r=64, alpha=16"
                 icon: "cpu.fill"
             }
 
             InfoGridItem {
-                width: details.widthAt(3)
                 label: qsTr("Status")
                 value: qsTr("Training")
                 icon: "circle.fill"

@@ -57,14 +57,11 @@ Item {
             }
 
             FlexibleGrid {
-                id: cards
-
                 width: page.width
                 minimumColumnWidth: 160
                 spacing: 16
 
                 OverviewSummaryCard {
-                    width: cards.widthAt(0)
                     title: qsTr("TOTAL SAMPLES")
                     value: overview.totalSamples
                     icon: "doc.text.fill"
@@ -72,7 +69,6 @@ Item {
                 }
 
                 OverviewSummaryCard {
-                    width: cards.widthAt(1)
                     title: qsTr("TOTAL TOKENS")
                     value: AnalyticsDataManager.totalTokens
                     icon: "text.quote"
@@ -80,7 +76,6 @@ Item {
                 }
 
                 OverviewSummaryCard {
-                    width: cards.widthAt(2)
                     title: qsTr("VOCAB SIZE")
                     value: AnalyticsDataManager.vocabSize
                     icon: "character.book.closed.fill"
@@ -88,7 +83,6 @@ Item {
                 }
 
                 OverviewSummaryCard {
-                    width: cards.widthAt(3)
                     title: qsTr("DUPLICATES")
                     value: AnalyticsDataManager.duplicatesPercentage
                     icon: "doc.on.doc.fill"
@@ -96,7 +90,6 @@ Item {
                 }
 
                 OverviewSummaryCard {
-                    width: cards.widthAt(4)
                     title: qsTr("AVG LENGTH")
                     value: overview.avgLength
                     icon: "ruler.fill"
@@ -104,7 +97,6 @@ Item {
                 }
 
                 OverviewSummaryCard {
-                    width: cards.widthAt(5)
                     title: qsTr("QUALITY SCORE")
                     value: Format.real("%.2f", AnalyticsDataManager.qualityScore)
                     icon: "star.fill"
@@ -113,14 +105,11 @@ Item {
             }
 
             FlexibleGrid {
-                id: charts
-
                 width: page.width
                 columns: 2
                 spacing: 16
 
                 ChartCard {
-                    width: charts.widthAt(0)
                     padding: 16
                     symbol: "chart.bar.fill"
                     title: qsTr("TOKEN DISTRIBUTION")
@@ -133,7 +122,6 @@ Item {
                 }
 
                 ChartCard {
-                    width: charts.widthAt(1)
                     padding: 16
                     symbol: "chart.pie.fill"
                     title: qsTr("LABEL FREQUENCY")

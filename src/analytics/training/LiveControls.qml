@@ -11,7 +11,7 @@ Rectangle {
     required property TrainingTelemetryState telemetry
 
     implicitWidth: 280
-    color: "#161616"
+    color: AnalyticsPalette.panel
 
     ScrollArea {
         id: area

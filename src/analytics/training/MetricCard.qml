@@ -12,11 +12,9 @@ AnalyticsCard {
     required property string trend
     property color valueColor: "white"
 
-    width: (parent as AdaptiveGrid)?.cellWidth ?? implicitWidth
-    implicitWidth: 140
     implicitHeight: texts.height + 24
     Accessible.role: Accessible.StaticText
-    Accessible.name: title + " " + value + ", " + trend
+    Accessible.name: title + ": " + value + ", " + trend
 
     Column {
         id: texts

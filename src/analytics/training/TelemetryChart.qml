@@ -21,6 +21,7 @@ AnalyticsCard {
         font: Theme.monospaced(12, Font.Bold)
         color: Color.gray
         elide: Text.ElideRight
+        Accessible.role: Accessible.Heading
     }
 
     LineChart {

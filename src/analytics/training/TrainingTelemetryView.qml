@@ -35,9 +35,9 @@ Item {
             padding: 24
             spacing: 20
 
-            AdaptiveGrid {
+            FlexibleGrid {
                 width: page.innerWidth
-                minimumCellWidth: 140
+                minimumColumnWidth: 140
                 spacing: 12
 
                 MetricCard {

@@ -23,7 +23,6 @@ FlexibleGrid {
 
             readonly property bool onDiagonal: Math.floor(index / grid.columns) === index % grid.columns
 
-            width: grid.widthAt(index)
             height: 50
             color: Color.faded(Color.blue, onDiagonal ? 0.8 : 0.1)
 

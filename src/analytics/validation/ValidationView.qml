@@ -67,14 +67,11 @@ ScrollArea {
         }
 
         FlexibleGrid {
-            id: charts
-
             width: page.width
             columns: 2
             spacing: 16
 
             ChartCard {
-                width: charts.widthAt(0)
                 title: qsTr("TRAIN VS VAL LOSS")
 
                 LineChart {
@@ -96,7 +93,6 @@ ScrollArea {
             }
 
             ChartCard {
-                width: charts.widthAt(1)
                 title: qsTr("ACCURACY CURVE")
 
                 LineChart {

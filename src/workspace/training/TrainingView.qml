@@ -45,7 +45,6 @@ Rectangle {
         spacing: 16
 
         TrainingStatCard {
-            width: stats.widthAt(0)
             title: qsTr("Active Jobs")
             value: viewModel.activeCount
             icon: "play.circle.fill"
@@ -53,7 +52,6 @@ Rectangle {
         }
 
         TrainingStatCard {
-            width: stats.widthAt(1)
             title: qsTr("Completed")
             value: viewModel.completedCount
             icon: "checkmark.circle.fill"
@@ -61,7 +59,6 @@ Rectangle {
         }
 
         TrainingStatCard {
-            width: stats.widthAt(2)
             title: qsTr("Total Jobs")
             value: viewModel.totalCount
             icon: "chart.bar.fill"

@@ -71,9 +71,11 @@ private slots:
         open();
         QStringList sections;
         for (auto *section : m_window->all(u"GaugeSection"_s)) {
-            sections.append(section->property("title").toString());
+            const auto *symbol = m_window->all(u"SymbolIcon"_s, section).value(0);
+            sections.append(m_window->texts(section).value(0) + u' ' + symbol->property("name").toString());
         }
-        QCOMPARE(sections, (QStringList{u"GPU HEALTH"_s, u"SYSTEM LOAD"_s, u"TRAINING DYNAMICS"_s, u"MODEL HEALTH"_s}));
+        QCOMPARE(sections.join(u'|'),
+            u"GPU HEALTH cpu|SYSTEM LOAD server.rack|TRAINING DYNAMICS waveform.path.ecg|MODEL HEALTH brain.head.profile"_s);
 
         QStringList names;
         QStringList symbols;
@@ -82,11 +84,29 @@ private slots:
             names.append(QAccessible::queryAccessibleInterface(gauge)->text(QAccessible::Name));
         }
         QCOMPARE(names.join(u'|'),
-            u"GPU Temp 65 °C|VRAM Usage 8 GB|GPU Load 45 %|Fan Speed 1200 RPM|CPU Util 32 %|Memory 12 GB|Disk I/O 450 "
-            "MB/s|Network 25 MB/s|Throughput 3200 tok/s|Speed 4 it/s|Grad Norm 1|Confidence 88 %|Loss 0|Data Quality 92 Q"_s);
+            u"GPU Temp: 65 °C|VRAM Usage: 8 GB|GPU Load: 45 %|Fan Speed: 1200 RPM|CPU Util: 32 %|Memory: 12 GB|"
+            "Disk I/O: 450 MB/s|Network: 25 MB/s|Throughput: 3200 tok/s|Speed: 4 it/s|Grad Norm: 1|Confidence: 88 %|"
+            "Loss: 0|Data Quality: 92 Q"_s);
         QCOMPARE(symbols.join(u'|'),
             u"flame.fill|memorychip|bolt.fill|fanblades.fill|cpu.fill|memorychip.fill|internaldrive.fill|network|"
             "text.append|hare.fill|function|checkmark.shield.fill|chart.line.downtrend.xyaxis|doc.text.magnifyingglass"_s);
+    }
+
+    void givesEachGaugeItsOwnThresholds()
+    {
+        open();
+        QStringList thresholds;
+        for (auto *gauge : gauges()) {
+            const auto of = gauge->findChild<GaugeMeterState *>()->thresholds();
+            thresholds.append(u"%1: %2 %3 %4"_s.arg(gauge->property("metricName").toString())
+                                  .arg(of.normal)
+                                  .arg(of.warning)
+                                  .arg(of.critical));
+        }
+        QCOMPARE(thresholds.join(u'|'),
+            u"GPU Temp: 60 80 90|VRAM Usage: 12 20 22|GPU Load: 50 80 95|Fan Speed: 2000 3000 4000|CPU Util: 40 70 90|"
+            "Memory: 16 24 30|Disk I/O: 500 1000 2000|Network: 50 100 200|Throughput: 2000 1000 500|Speed: 2 1 0.5|"
+            "Grad Norm: 1 2 5|Confidence: 80 60 40|Loss: 0.5 1 2|Data Quality: 90 80 70"_s);
     }
 
     void paintsGoodValuesRedWhereTheThresholdsFall()
@@ -190,6 +210,7 @@ private slots:
         QTest::newRow("just two") << 64 + 380 << 2;
         QTest::newRow("not yet two") << 64 + 379 << 1;
         QTest::newRow("four") << 1000 << 4;
+        QTest::newRow("four that cannot all be as wide") << 1001 << 4;
         QTest::newRow("more columns than gauges") << 1700 << 8;
     }
 
@@ -198,11 +219,21 @@ private slots:
         QFETCH(int, width);
         QFETCH(int, columns);
         open({width, 900});
-        const double cell = std::floor((width - 64 + 20.0) / columns) - 20;
-        QCOMPARE(placeOf(gauges().at(0)).left(), 32.0);
-        QCOMPARE(gauges().at(0)->width(), cell);
-        QVERIFY(columns == 1 || placeOf(gauges().at(1)).left() == 32 + cell + 20);
-        QVERIFY(columns == 1 || cell >= 180);
+        const auto first = gauges().first(4);
+        QList<QRectF> line;
+        for (const auto *gauge : first) {
+            if (placeOf(gauge).top() == placeOf(first.at(0)).top()) {
+                line.append(placeOf(gauge));
+            }
+        }
+        QCOMPARE(line.size(), std::min(columns, 4));
+        QCOMPARE(line.first().left(), 32.0);
+        // The columns share the whole line, also where there are fewer gauges than columns.
+        QCOMPARE(line.last().right(), std::round(32 + double(line.size()) / columns * (width - 64 + 20)) - 20);
+        for (int i = 0; i < line.size(); ++i) {
+            QVERIFY(columns == 1 || line.at(i).width() >= 180);
+            QVERIFY(i == 0 || line.at(i).left() - line.at(i - 1).right() == 20);
+        }
     }
 
     void keepsItsLookAtTheHeading()

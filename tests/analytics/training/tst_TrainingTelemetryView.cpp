@@ -1,9 +1,11 @@
 #include "analytics/AnalyticsDataManager.h"
 #include "analytics/training/TrainingTelemetryState.h"
 #include "app/theme/Color.h"
+#include "charts/LineSeries.h"
 #include "platform/ProcessMemory.h"
 #include "support/ViewTest.h"
 
+#include <QQmlListReference>
 #include <QTest>
 
 #include <cmath>
@@ -81,7 +83,7 @@ private slots:
     {
         open();
         QCOMPARE(cards().join(u'|'),
-            u"TRAIN LOSS 0.421, -0.02|VAL LOSS 0.455, +0.01|ACCURACY 94.2%, +1.2%|TOKENS/SEC 4250, Stable"_s);
+            u"TRAIN LOSS: 0.421, -0.02|VAL LOSS: 0.455, +0.01|ACCURACY: 94.2%, +1.2%|TOKENS/SEC: 4250, Stable"_s);
         QCOMPARE(charts(), QStringList{u"LOSS CURVES"_s});
         QVERIFY(!showsMonitor());
     }
@@ -89,7 +91,7 @@ private slots:
     void addsTwoCardsAChartAndTheMonitorInFullMode()
     {
         open(true);
-        QCOMPARE(cards().sliced(4).join(u'|'), u"GRAD NORM 1.2, High|LR STABILITY 98%, Stable"_s);
+        QCOMPARE(cards().sliced(4).join(u'|'), u"GRAD NORM: 1.2, High|LR STABILITY: 98%, Stable"_s);
         QCOMPARE(charts(), (QStringList{u"LOSS CURVES"_s, u"LEARNING RATE"_s}));
         QVERIFY(showsMonitor());
         QCOMPARE(m_window->all(u"SystemPerformanceMonitor"_s).value(0)->height(), 160.0);
@@ -288,8 +290,70 @@ private slots:
         QCOMPARE(placeOf(title).topLeft() - placeOf(card).topLeft(), QPointF(12, 12));
         QCOMPARE(placeOf(value).top(), placeOf(title).bottom() + 8);
         QCOMPARE(placeOf(trend).top(), placeOf(value).bottom() + 8);
-        // Beside the panel and its own margins there is room for five columns of at least 140.
-        QCOMPARE(card->width(), std::floor((1220 - 280 - 48 + 12) / 5.0) - 12);
+    }
+
+    void hasAColourForEachFigure()
+    {
+        open(true);
+        QStringList colors;
+        for (const auto *card : m_window->all(u"MetricCard"_s)) {
+            const auto labels = m_window->all(u"Label"_s, card);
+            colors.append(labels.value(0)->property("text").toString() + u' ' + colorOf(labels.value(1)));
+        }
+        QCOMPARE(colors,
+            (QStringList{u"TRAIN LOSS "_s + word(Color::green()), u"VAL LOSS "_s + word(Color::yellow()),
+                u"ACCURACY "_s + word(Color::cyan()), u"TOKENS/SEC #ffffffff"_s,
+                u"GRAD NORM "_s + word(Color::purple()), u"LR STABILITY "_s + word(Color::blue())}));
+    }
+
+    void fillsTheLineWithItsCards()
+    {
+        open(true);
+        // Beside the panel and its own margins there is room for five columns of at least 140, which cannot all be as wide.
+        const auto cards = m_window->all(u"MetricCard"_s);
+        QCOMPARE(placeOf(cards.at(0)).left(), 24.0);
+        QCOMPARE(placeOf(cards.at(4)).right(), 1220.0 - 280 - 24);
+        for (int i = 1; i < 5; ++i) {
+            QCOMPARE(placeOf(cards.at(i)).left() - placeOf(cards.at(i - 1)).right(), 12.0);
+            QVERIFY(std::abs(cards.at(i)->width() - cards.at(0)->width()) <= 1);
+        }
+        QCOMPARE(placeOf(cards.at(5)).left(), 24.0);
+        QCOMPARE(placeOf(cards.at(5)).top() - placeOf(cards.at(0)).bottom(), 12.0);
+    }
+
+    void drawsEachCurveInItsColour()
+    {
+        open(true);
+        pass(3);
+        QStringList series;
+        for (auto *chart : m_window->all(u"TelemetryChart"_s)) {
+            QVERIFY(m_window->control(QAccessible::Heading, chart->property("title").toString(), chart));
+            const QQmlListReference list(chart, "series");
+            for (int i = 0; i < list.count(); ++i) {
+                const auto *line = qobject_cast<LineSeries *>(list.at(i));
+                QCOMPARE(line->points().size(), 3);
+                series.append(line->name() + u' ' + word(line->color()));
+            }
+        }
+        QCOMPARE(series,
+            (QStringList{u"Train Loss "_s + word(Color::green()), u"Val Loss "_s + word(Color::yellow()),
+                u"Learning Rate "_s + word(Color::purple())}));
+    }
+
+    void smoothsItsCurvesAndHidesTheSteps()
+    {
+        open(true);
+        pass(3);
+        for (auto *card : m_window->all(u"TelemetryChart"_s)) {
+            auto *chart = m_window->all(u"LineChart"_s, card).value(0);
+            QVERIFY(chart->property("smoothed").toBool());
+            const QRectF plot = placeOf(chart->property("plot").value<QQuickItem *>());
+            const auto labels = m_window->all(u"Label"_s, chart);
+            QVERIFY(labels.size() > 1);
+            for (const auto *label : labels) {
+                QVERIFY(placeOf(label).right() < plot.left());
+            }
+        }
     }
 
     void keepsItsLookAtTheControls()
