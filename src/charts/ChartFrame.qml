@@ -11,7 +11,6 @@ Item {
 
     required property ChartMarks marks
     property bool showsXAxis: true
-    property bool showsYAxis: true
     // What assistive programs read; by itself the data in a sentence or two.
     property string summary: marks.summary
 
@@ -21,7 +20,7 @@ Item {
     readonly property real lineHeight: Math.ceil(metrics.height)
     readonly property real labelGap: 6
     // Clear of the lower half of the lowest label beside the other axis.
-    readonly property real xLabelGap: Math.max(labelGap, showsYAxis ? Math.ceil(lineHeight / 2) : 0)
+    readonly property real xLabelGap: Math.max(labelGap, Math.ceil(lineHeight / 2))
     readonly property real band: area.width / Math.max(1, marks.xTicks.length)
     // Grid lines and the edges of the plot lie on whole pixels at any scale, and a hair's breadth is whole pixels.
     readonly property real pixel: 1 / Screen.devicePixelRatio
@@ -47,14 +46,14 @@ Item {
 
         readonly property real bottomMargin: frame.showsXAxis ? frame.lineHeight + frame.xLabelGap : y
 
-        x: frame.showsYAxis && frame.marks.yLabelWidth > 0 ? frame.onPixel(frame.marks.yLabelWidth + frame.labelGap) : 0
-        y: frame.showsYAxis ? frame.onPixel(Math.ceil(frame.lineHeight / 2)) : 0
+        x: frame.marks.yLabelWidth > 0 ? frame.onPixel(frame.marks.yLabelWidth + frame.labelGap) : 0
+        y: frame.onPixel(Math.ceil(frame.lineHeight / 2))
         width: Math.max(0, frame.onPixel(frame.width - x))
         height: Math.max(0, frame.onPixel(frame.height - y - bottomMargin))
     }
 
     Repeater {
-        model: frame.showsYAxis ? frame.marks.yTicks : []
+        model: frame.marks.yTicks
 
         Item {
             id: yTick

@@ -7,7 +7,7 @@
 
 namespace quillmere {
 
-// The bars of a BarStrip, from the left edge on.
+// A row of bars without axes, from the left edge on, aligned at the bottom.
 class StripBars : public quillmere::Painted {
     Q_OBJECT
     QML_ELEMENT

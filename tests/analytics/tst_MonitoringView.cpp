@@ -276,7 +276,7 @@ private slots:
         looksLikeACard(card);
         QCOMPARE(placeOf(card).height(), 320.0);
         QCOMPARE(gapBetween(figureCards().at(0), card), 24.0);
-        const QQuickItem *title = m_window->text(u"Loss Curve"_s, card);
+        const QQuickItem *title = m_window->control(QAccessible::Heading, u"Loss Curve"_s, card);
         QCOMPARE(fontOf(title), u"Inter 14 500"_s);
         QCOMPARE(colorOf(title), white);
         const auto legend = m_window->all(u"LegendItem"_s, card);
@@ -294,24 +294,45 @@ private slots:
         }
         QCOMPARE(gapAcross(legend[0], legend[1]), 12.0);
         QCOMPARE(placeOf(card).right() - placeOf(legend[1]).right(), 20.0);
-        QCOMPARE(placeOf(card).right() - placeOf(bars()).right(), 20.0);
-        QCOMPARE(placeOf(bars()).left() - placeOf(card).left(), 20.0);
-        QCOMPARE(placeOf(card).bottom() - placeOf(bars()).bottom(), 20.0);
+        QCOMPARE(placeOf(card).right() - placeOf(chart()).right(), 20.0);
+        QCOMPARE(placeOf(chart()).left() - placeOf(card).left(), 20.0);
+        QCOMPARE(placeOf(card).bottom() - placeOf(chart()).bottom(), 20.0);
     }
 
     void drawsTwentyBarsEachATwentySecondOfTheWidth()
     {
         opens();
         QCOMPARE(heights().size(), 20);
-        QCOMPARE(bars()->property("barWidth").toDouble(), placeOf(bars()).width() / 22);
+        QCOMPARE(bars()->property("barWidth").toDouble(), placeOf(chart()).width() / 22);
         QCOMPARE(bars()->property("spacing").toDouble(), 4.0);
         QCOMPARE(bars()->property("radius").toDouble(), 2.0);
         QCOMPARE(colorOf(bars(), "topColor"), u"#1affffff"_s);
         QCOMPARE(colorOf(bars(), "bottomColor"), u"#0dffffff"_s);
+        QCOMPARE(placeOf(bars()).height(), placeOf(chart()).height());
         QVERIFY(std::is_sorted(heights().cbegin(), heights().cend(), std::greater<>()));
         for (const double height : heights()) {
             QVERIFY(height >= 0.3 - 1e-9 && height <= 0.9 + 1e-9);
         }
+    }
+
+    void centersItsBars_data()
+    {
+        QTest::addColumn<int>("width");
+        QTest::addColumn<double>("left");
+        QTest::newRow("wider than its bars") << 880 << 2.0;
+        QTest::newRow("as wide as its bars") << 836 << 0.0;
+        QTest::newRow("narrower than its bars") << 594 << -11.0;
+    }
+    void centersItsBars()
+    {
+        QFETCH(int, width);
+        QFETCH(double, left);
+        opens();
+        const auto chart = made(u"LossCurveChart"_s,
+            {{u"width"_s, width}, {u"height"_s, 200}, {u"heights"_s, QVariant::fromValue(QList<double>(20, 0.5))}});
+        const QQuickItem *bars = m_window->all(u"StripBars"_s, chart.get()).value(0);
+        QCOMPARE(bars->x(), left);
+        QCOMPARE(bars->x() + bars->width(), width - left);
     }
 
     void drawsItsBarsAnewAtEachTickAndOnlyThen()
@@ -336,7 +357,7 @@ private slots:
         ticks(1);
         QImage after = m_view->grabWindow();
         const auto figures = m_window->all(u"TabularLabel"_s);
-        for (const QQuickItem *item : {figures.value(0), figures.value(1), m_window->all(u"StripBars"_s).value(0)}) {
+        for (const QQuickItem *item : {figures.value(0), figures.value(1), bars()}) {
             QVERIFY(differenceOf(before, after).intersects(placeOf(item).toAlignedRect()));
             blacken(before, item);
             blacken(after, item);
@@ -372,15 +393,16 @@ private slots:
         QCOMPARE(placeOf(card).height(), 320.0);
         QCOMPARE(gapAcross(m_window->all(u"LossCurveCard"_s).value(0), card), 16.0);
         QCOMPARE(colorOf(m_window->symbol(u"server.rack"_s, card)), textTertiary);
-        QCOMPARE(fontOf(m_window->text(u"Hardware"_s, card)), u"Inter 14 500"_s);
-        QCOMPARE(colorOf(m_window->text(u"Hardware"_s, card)), white);
+        const QQuickItem *title = m_window->control(QAccessible::Heading, u"Hardware"_s, card);
+        QCOMPARE(fontOf(title), u"Inter 14 500"_s);
+        QCOMPARE(colorOf(title), white);
         const auto gauges = m_window->all(u"GaugeItem"_s, card);
         QCOMPARE(gauges.size(), 4);
         QCOMPARE(placeOf(gauges[0]).left() - placeOf(card).left(), 20.0);
         QCOMPARE(gapAcross(gauges[0], gauges[1]), 16.0);
         QCOMPARE(placeOf(card).right() - placeOf(gauges[1]).right(), 20.0);
         QCOMPARE(gapBetween(gauges[0], gauges[2]), 16.0);
-        QCOMPARE(gapBetween(m_window->text(u"Hardware"_s, card), gauges[0]), 20.0);
+        QCOMPARE(gapBetween(title, gauges[0]), 20.0);
         // In whole points.
         const double below = placeOf(card).bottom() - placeOf(gauges[2]).bottom();
         QVERIFY(below >= 20 && below < 22);
@@ -471,7 +493,7 @@ private slots:
         QCOMPARE(placeOf(figureCards().at(2)).right(), 1676.0);
         QCOMPARE(placeOf(m_window->all(u"HardwareStatsCard"_s).value(0)).right(), 1676.0);
         QCOMPARE(placeOf(m_window->all(u"HardwareStatsCard"_s).value(0)).width(), 280.0);
-        QCOMPARE(bars()->property("barWidth").toDouble(), placeOf(bars()).width() / 22);
+        QCOMPARE(bars()->property("barWidth").toDouble(), placeOf(chart()).width() / 22);
     }
 
     void showsTheSameRunWhereverItIsOpened()
@@ -516,7 +538,8 @@ private:
 
     QQuickItem *runCard() const { return m_window->all(u"RunInfoCard"_s).value(0); }
     QList<QQuickItem *> figureCards() const { return m_window->all(u"MetricCardNew"_s); }
-    QQuickItem *bars() const { return m_window->all(u"BarStrip"_s).value(0); }
+    QQuickItem *chart() const { return m_window->all(u"LossCurveChart"_s).value(0); }
+    QQuickItem *bars() const { return m_window->all(u"StripBars"_s).value(0); }
     QQuickItem *area() const { return m_window->all(u"ScrollArea"_s).value(0); }
     QList<double> heights() const { return bars()->property("heights").value<QList<double>>(); }
 };

@@ -152,9 +152,12 @@ Rectangle {
             title: "Loss Curve"
             width: 760
 
-            BarStrip {
+            StripBars {
                 anchors.fill: parent
+                barWidth: (width - 19 * 4) / 20
                 heights: gallery.strip
+                topColor: Color.faded(Theme.textPrimary, 0.1)
+                bottomColor: Color.faded(Theme.textPrimary, 0.05)
             }
         }
 

@@ -35,7 +35,6 @@ private slots:
     void bearsAnyNumbers();
     void labelsItsAxes();
     void hidesTheXAxis();
-    void hidesTheYAxis();
     void drawsGridLinesOfOnePixel();
     void keepsLabelsApartAndInsideAtAnySize();
     void followsItsPoints();
@@ -335,13 +334,6 @@ void tst_LineChart::hidesTheXAxis()
     for (int x = int(plot.left()) + 150; x < plot.right(); ++x) {
         QCOMPARE(image.pixelColor(x, y), QColor(Qt::black));
     }
-}
-
-void tst_LineChart::hidesTheYAxis()
-{
-    Picture picture(chart(zigzag, u"showsXAxis: false; showsYAxis: false"_s));
-    QCOMPARE(picture.labels(picture.item()), QStringList());
-    QCOMPARE(placeOf(plotOf(picture.item())), placeOf(picture.item()));
 }
 
 void tst_LineChart::drawsGridLinesOfOnePixel()

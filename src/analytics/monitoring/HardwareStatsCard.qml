@@ -25,13 +25,13 @@ Card {
             text: qsTr("Hardware")
             font: Theme.bodyMediumFont
             color: "white"
+            Accessible.role: Accessible.Heading
         }
     }
 
-    Grid {
+    FlexibleGrid {
         id: gauges
 
-        readonly property real cellWidth: Math.floor((width - spacing) / 2)
         readonly property real cellHeight: Math.floor((height - spacing) / 2)
 
         anchors.top: title.bottom
@@ -44,7 +44,6 @@ Card {
         spacing: 16
 
         GaugeItem {
-            width: gauges.cellWidth
             height: gauges.cellHeight
             value: 0.92
             label: qsTr("GPU UTIL")
@@ -54,7 +53,6 @@ Card {
         }
 
         GaugeItem {
-            width: gauges.cellWidth
             height: gauges.cellHeight
             value: 0.18
             label: qsTr("VRAM")
@@ -63,7 +61,6 @@ Card {
         }
 
         GaugeItem {
-            width: gauges.cellWidth
             height: gauges.cellHeight
             value: 0.45
             label: qsTr("RAM")
@@ -72,7 +69,6 @@ Card {
         }
 
         GaugeItem {
-            width: gauges.cellWidth
             height: gauges.cellHeight
             value: 0.34
             label: qsTr("TEMP")

@@ -1,7 +1,6 @@
 // A falling staircase of bars. Its legend names two series, the bars are one.
 import QtQuick
 import Quillmere.Analytics
-import Quillmere.Charts
 import Quillmere.Controls
 import Quillmere.Theme
 
@@ -25,6 +24,7 @@ Card {
             text: qsTr("Loss Curve")
             font: Theme.bodyMediumFont
             color: "white"
+            Accessible.role: Accessible.Heading
         }
 
         Row {
@@ -46,7 +46,7 @@ Card {
         }
     }
 
-    BarStrip {
+    LossCurveChart {
         anchors.top: header.bottom
         anchors.topMargin: 20
         anchors.bottom: card.bottom

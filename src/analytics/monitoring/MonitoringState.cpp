@@ -2,7 +2,6 @@
 
 #include "analytics/AnalyticsDataManager.h"
 #include "platform/Environment.h"
-#include "platform/Text.h"
 
 #include <algorithm>
 
@@ -20,16 +19,6 @@ MonitoringState::MonitoringState(QObject *parent) : QObject(parent), m_random(En
 {
     connect(&AnalyticsDataManager::shared(), &AnalyticsDataManager::changed, this, &MonitoringState::evaluate);
     evaluate();
-}
-
-QString MonitoringState::trainingLoss() const
-{
-    return text::fixed(AnalyticsDataManager::shared().trainingLoss(), 3);
-}
-
-QString MonitoringState::validationLoss() const
-{
-    return text::fixed(AnalyticsDataManager::shared().validationLoss(), 3);
 }
 
 QList<double> MonitoringState::lossBars() const
