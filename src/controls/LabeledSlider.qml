@@ -31,6 +31,8 @@ Column {
             font: Theme.monospaced(11)
             color: Color.gray
             elide: Text.ElideRight
+            // The slider has the same name.
+            Accessible.ignored: true
         }
 
         Label {

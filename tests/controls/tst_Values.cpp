@@ -75,6 +75,7 @@ private slots:
     void givesEachChoiceTheSameWidth();
 
     void showsItsValueByAFormat();
+    void namesASliderOnceForAssistivePrograms();
 
 private:
     static QPoint at(int x) { return {100 + x, 108}; }
@@ -531,6 +532,17 @@ void tst_Values::showsItsValueByAFormat()
     QCOMPARE(held(scene), 20.0);
     QCOMPARE(texts(), QStringList({u"Max & Most"_s, u"20.0%"_s}));
     QCOMPARE(accessible(scene, QAccessible::Slider)->text(QAccessible::Name), u"Max & Most"_s);
+}
+
+void tst_Values::namesASliderOnceForAssistivePrograms()
+{
+    Scene scene(u"LabeledSlider { title: \"Rate\"; from: 0; to: 1; value: 0.5; format: \"%.1f\" }"_s);
+    const auto *window = QAccessible::queryAccessibleInterface(&scene.view);
+    QStringList names;
+    for (int i = 0; i < window->childCount(); ++i) {
+        names.append(window->child(i)->text(QAccessible::Name));
+    }
+    QCOMPARE(names, (QStringList{u"0.5"_s, u"Rate"_s}));
 }
 
 QTEST_MAIN(tst_Values)

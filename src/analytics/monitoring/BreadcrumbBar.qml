@@ -39,13 +39,13 @@ Item {
         anchors.right: parent.right
         anchors.rightMargin: 24
         anchors.verticalCenter: parent.verticalCenter
-        width: state.width + 24
-        height: state.height + 12
+        width: health.width + 24
+        height: health.height + 12
         radius: 6
         color: Color.faded(Theme.success, 0.1)
 
         Row {
-            id: state
+            id: health
 
             anchors.centerIn: parent
             spacing: 6

@@ -25,7 +25,7 @@ Item {
     implicitHeight: fullHeight
 
     SystemPerformanceMonitorState {
-        id: state
+        id: panel
     }
 
     Rectangle {
@@ -64,8 +64,8 @@ Item {
             width: 100
             label: qsTr("Device")
             entries: [qsTr("GPU"), qsTr("CPU")]
-            currentIndex: state.selectedDevice
-            onPicked: index => state.selectedDevice = index
+            currentIndex: panel.selectedDevice
+            onPicked: index => panel.selectedDevice = index
         }
     }
 
@@ -153,7 +153,7 @@ Item {
 
             Sparkline {
                 anchors.fill: parent
-                points: state.throughput
+                points: panel.throughput
                 color: Color.cyan
                 lineWidth: 1.5
             }
