@@ -39,9 +39,7 @@ Item {
         anchors.fill: parent
         active: opacity > 0
         opacity: view.showSplash ? 1 : 0
-        sourceComponent: SplashScreenView {
-            hasFaces: view.hasFaces
-        }
+        sourceComponent: SplashScreenView {}
 
         Behavior on opacity {
             NumberAnimation {
@@ -49,5 +47,12 @@ Item {
                 easing.type: Easing.InOutQuad
             }
         }
+    }
+
+    Binding {
+        target: splash.item
+        when: splash.status === Loader.Ready
+        property: "hasFaces"
+        value: view.hasFaces
     }
 }

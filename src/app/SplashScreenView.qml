@@ -6,7 +6,7 @@ import Quillmere.Theme
 Rectangle {
     id: view
 
-    required property bool hasFaces
+    property bool hasFaces: false
 
     color: Theme.background
     implicitWidth: 800

@@ -161,25 +161,16 @@ Rectangle {
     Loader {
         id: inspector
 
+        readonly property bool isWanted: agents.hasSelectedNode
+
         x: view.width - width * view.inspection
         width: 300
         height: view.height
-        active: agents.hasSelectedNode || status === Loader.Ready
         visible: view.inspection > 0
-
-        sourceComponent: InspectorView {
-            // Its line goes on where that of the bar ends.
-            headerHeight: topBar.height - 1
-            enabled: agents.hasSelectedNode
-            onTitleEdited: title => agents.setTitle(title)
-            onDescriptionEdited: description => agents.setDescription(description)
-            onModelEdited: model => agents.setModel(model)
-
-            // While the inspector leaves it still shows the node that it was there for.
-            Binding on node {
-                when: agents.hasSelectedNode
-                value: agents.selectedNode
-                restoreMode: Binding.RestoreNone
+        onIsWantedChanged: {
+            if (status === Loader.Null) {
+                // Its line goes on where that of the bar ends.
+                setSource("InspectorView.qml", {agents: agents, headerHeight: Qt.binding(() => topBar.height - 1)});
             }
         }
     }

@@ -1,4 +1,4 @@
-// The properties of one node. Each edit is told at once; the node that comes back is what is shown.
+// The properties of the selected node. Each edit is told at once; the node that comes back is what is shown.
 import QtQuick
 import Quillmere.Controls
 import Quillmere.Theme
@@ -7,8 +7,10 @@ import Quillmere.Tools
 Rectangle {
     id: inspector
 
+    required property AgentsState agents
+    required property real headerHeight
+    // While the inspector leaves it still shows the node that it was there for.
     property agentNode node
-    property real headerHeight: 57
     // These change only when they are other ones, whatever else of the node does: a drag leaves the fields alone.
     readonly property string title: node.title
     readonly property string description: node.description
@@ -16,13 +18,16 @@ Rectangle {
 
     readonly property color lineColor: Color.faded("white", 0.1)
 
-    signal titleEdited(title: string)
-    signal descriptionEdited(description: string)
-    signal modelEdited(model: string)
-
+    enabled: agents.hasSelectedNode
     color: Color.hex("161616")
     Accessible.role: Accessible.Pane
     Accessible.name: qsTr("Inspector")
+
+    Binding on node {
+        when: inspector.agents.hasSelectedNode
+        value: inspector.agents.selectedNode
+        restoreMode: Binding.RestoreNone
+    }
 
     // What lies below is not to be pressed through it.
     MouseArea {
@@ -91,7 +96,7 @@ Rectangle {
                     text: inspector.title
                     onTextEdited: {
                         if (text !== inspector.title) {
-                            inspector.titleEdited(text);
+                            inspector.agents.setTitle(text);
                         }
                     }
                 }
@@ -122,7 +127,7 @@ Rectangle {
                         text: inspector.description
                         onTextEdited: {
                             if (text !== inspector.description) {
-                                inspector.descriptionEdited(text);
+                                inspector.agents.setDescription(text);
                             }
                         }
                     }
@@ -141,7 +146,7 @@ Rectangle {
                     text: inspector.model
                     onTextEdited: {
                         if (text !== inspector.model) {
-                            inspector.modelEdited(text);
+                            inspector.agents.setModel(text);
                         }
                     }
                 }
@@ -150,7 +155,7 @@ Rectangle {
                     id: presets
 
                     anchors.right: parent.right
-                    onPicked: model => inspector.modelEdited(model)
+                    onPicked: model => inspector.agents.setModel(model)
                 }
             }
 
