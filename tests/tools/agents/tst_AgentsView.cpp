@@ -897,6 +897,16 @@ private slots:
         QCOMPARE(m_view->activeFocusItem(), node(1));
     }
 
+    void ringsANodeWithoutAShadow()
+    {
+        open();
+        button(u"Debug"_s)->forceActiveFocus(Qt::TabFocusReason);
+        m_window->press(Qt::Key_Tab);
+        const QPointF top(130, placeOf(node(0)).top());
+        QVERIFY(pixelAt(top - QPointF(0, 4)).blue() > 100);
+        QCOMPARE(pixelAt(top - QPointF(0, 5)), ground);
+    }
+
     void leavesEscapeToOthersWhereNoNodeIsSelected()
     {
         open();
