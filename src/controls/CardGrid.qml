@@ -22,6 +22,18 @@ GridView {
         contentY = originY - topMargin;
     }
 
+    // For one that leaves the list, until it is used again: nobody reaches it, and the keyboard stays here.
+    function retire(row: Item) {
+        const focused = Window.activeFocusItem;
+        for (let item = focused; item; item = item.parent) {
+            if (item === row) {
+                focused.focus = false;
+                break;
+            }
+        }
+        row.visible = false;
+    }
+
     function stepByKey(event: KeyEvent) {
         const steps = {
             [Qt.Key_Left]: moveCurrentIndexLeft,
@@ -65,6 +77,10 @@ GridView {
         if (currentIndex < 0 && count > 0) {
             currentIndex = 0;
         }
+    }
+
+    readonly property ReadingOrder order: ReadingOrder {
+        item: grid.contentItem
     }
 
     T.ScrollBar.vertical: ListScroll {

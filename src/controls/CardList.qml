@@ -14,6 +14,18 @@ ListView {
         contentY = originY - topMargin;
     }
 
+    // For one that leaves the list, until it is used again: nobody reaches it, and the keyboard stays here.
+    function retire(row: Item) {
+        const focused = Window.activeFocusItem;
+        for (let item = focused; item; item = item.parent) {
+            if (item === row) {
+                focused.focus = false;
+                break;
+            }
+        }
+        row.visible = false;
+    }
+
     topMargin: 24
     bottomMargin: 24
     spacing: 12
@@ -30,6 +42,10 @@ ListView {
     Accessible.role: Accessible.List
     Accessible.name: accessibleName
     Keys.onPressed: event => bar.scrollByKey(event)
+
+    readonly property ReadingOrder order: ReadingOrder {
+        item: list.contentItem
+    }
 
     T.ScrollBar.vertical: ListScroll {
         id: bar

@@ -21,7 +21,11 @@ CardList {
     spacing: 16
 
     delegate: ChatMessageRow {
+        id: row
+
         width: list.width
+        ListView.onPooled: list.retire(row)
+        ListView.onReused: visible = true
     }
 
     NumberAnimation {

@@ -71,6 +71,8 @@ Item {
 
             width: list.width - 48
             x: 24
+            ListView.onPooled: list.retire(line)
+            ListView.onReused: visible = true
 
             DatasetRow {
                 width: line.width

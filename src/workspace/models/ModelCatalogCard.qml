@@ -20,6 +20,13 @@ Card {
 
     signal download
 
+    // A card that went while it had the keyboard keeps it.
+    function press() {
+        if (visible) {
+            download();
+        }
+    }
+
     implicitHeight: 280
     hoverStrokeColor: Color.faded(Theme.accent, 0.5)
     scale: isHovered ? 1.01 : 1
@@ -29,10 +36,13 @@ Card {
     Accessible.name: name
     Accessible.description: description
     Accessible.focusable: true
-    Accessible.onPressAction: download()
-    Keys.onReturnPressed: download()
-    Keys.onEnterPressed: download()
-    Keys.onSpacePressed: download()
+    Accessible.onPressAction: press()
+    Keys.onPressed: event => {
+        event.accepted = [Qt.Key_Return, Qt.Key_Enter, Qt.Key_Space].includes(event.key);
+        if (event.accepted && !event.isAutoRepeat) {
+            press();
+        }
+    }
 
     Behavior on scale {
         NumberAnimation {

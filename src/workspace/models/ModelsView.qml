@@ -127,11 +127,12 @@ Rectangle {
             accessibleName: qsTr("Models")
 
             delegate: ModelCatalogCard {
+                id: card
+
                 width: grid.cardWidth
                 height: grid.cardHeight
                 onDownload: viewModel.downloadModel(identifier)
-                // A card that waits to be used again is nobody's.
-                GridView.onPooled: visible = false
+                GridView.onPooled: grid.retire(card)
                 GridView.onReused: visible = true
             }
         }

@@ -76,8 +76,12 @@ Rectangle {
             accessibleName: qsTr("Projects")
 
             delegate: ProjectCard {
+                id: card
+
                 width: grid.cardWidth
                 height: grid.cardHeight
+                GridView.onPooled: grid.retire(card)
+                GridView.onReused: visible = true
             }
         }
     }

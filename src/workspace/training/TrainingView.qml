@@ -119,6 +119,8 @@ Rectangle {
                 width: ListView.view.width - 48
                 x: 24
                 onCancel: viewModel.cancelJob(identifier)
+                ListView.onPooled: list.retire(job)
+                ListView.onReused: visible = true
             }
         }
     }

@@ -4,6 +4,7 @@
 #include <QFile>
 #include <QTemporaryDir>
 
+#include <QWheelEvent>
 #include <cmath>
 
 using namespace Qt::StringLiterals;
@@ -159,6 +160,61 @@ private slots:
         m_window->click(m_window->button(u"Delete two.csv"_s));
         QVERIFY(eventually([this] { return names() == QStringList(u"one.csv"_s); }));
         QCOMPARE(m_world->service.requests().size(), 1);
+    }
+
+    void goesThroughALongListByTabAndBack()
+    {
+        opensWithMany(60);
+        m_window->control(QAccessible::List, u"Datasets"_s)->forceActiveFocus(Qt::TabFocusReason);
+        for (int i = 0; i < 60; ++i) {
+            m_window->press(Qt::Key_Tab);
+            QCOMPARE(focused(), u"Delete file-%1.csv"_s.arg(i));
+            redraw();
+        }
+        for (int i = 58; i >= 0; --i) {
+            m_window->press(Qt::Key_Backtab);
+            QCOMPARE(focused(), u"Delete file-%1.csv"_s.arg(i));
+            redraw();
+        }
+    }
+
+    void goesThroughItsRowsFromTheTopAfterAFilter()
+    {
+        opensWithMany(6);
+        for (const QString &name : {u"Validation"_s, u"Test"_s, u"All"_s}) {
+            m_window->click(pill(name));
+            redraw();
+        }
+        pill(u"Test"_s)->forceActiveFocus(Qt::TabFocusReason);
+        for (int i = 0; i < 6; ++i) {
+            m_window->press(Qt::Key_Tab);
+            QCOMPARE(focused(), u"Delete file-%1.csv"_s.arg(i));
+        }
+    }
+
+    void keepsTheKeyboardFromRowsThatHaveGone()
+    {
+        opensWithMany(60);
+        m_window->control(QAccessible::List, u"Datasets"_s)->forceActiveFocus(Qt::TabFocusReason);
+        m_window->press(Qt::Key_Tab);
+        QCOMPARE(focused(), u"Delete file-0.csv"_s);
+        for (int i = 0; i < 60; ++i) {
+            QWheelEvent turn({490, 500}, {490, 500}, {}, {0, -120}, Qt::NoButton, {}, Qt::NoScrollPhase, false);
+            QCoreApplication::sendEvent(m_view.get(), &turn);
+            redraw();
+        }
+        QVERIFY(names().contains(u"file-59.csv"_s));
+        m_window->press(Qt::Key_Return);
+        QVERIFY(m_window->shows(u"60 files"_s));
+
+        m_window->press(Qt::Key_Home);
+        redraw();
+        m_window->press(Qt::Key_Tab);
+        QCOMPARE(focused(), u"Delete file-0.csv"_s);
+        model().setSelectedPurpose(u"validation"_s);
+        redraw();
+        m_window->press(Qt::Key_Return);
+        QVERIFY(m_window->shows(u"60 files"_s));
     }
 
     void showsItsButtonToTheKeyboard()
@@ -431,13 +487,7 @@ private slots:
 
     void beginsAtTheTopWithEachSearchAndPurpose()
     {
-        QByteArrayList files;
-        for (int i = 0; i < 300; ++i) {
-            const QByteArray number = QByteArray::number(i);
-            files.append(file(number, "file-" + number + ".csv", i % 2 == 0 ? "test" : "validation"));
-        }
-        opensWith('[' + files.join(',') + ']');
-        QVERIFY(eventually([this] { return m_window->shows(u"file-0.csv"_s); }));
+        opensWithMany(300);
         const double top = placeOf(rows().constFirst()).top();
         const auto scrollsToTheEnd = [this] {
             m_window->control(QAccessible::List, u"Datasets"_s)->forceActiveFocus();
@@ -486,6 +536,25 @@ private slots:
     }
 
 private:
+    // "file-0.csv" and so on, by turns for tests and for validation.
+    void opensWithMany(int count)
+    {
+        QByteArrayList files;
+        for (int i = 0; i < count; ++i) {
+            const QByteArray number = QByteArray::number(i);
+            files.append(file(number, "file-" + number + ".csv", i % 2 == 0 ? "test" : "validation"));
+        }
+        opensWith('[' + files.join(',') + ']');
+        QVERIFY(eventually([this] { return m_window->shows(u"file-0.csv"_s); }));
+    }
+
+    // The name of what has the keyboard.
+    QString focused() const
+    {
+        const auto *access = QAccessible::queryAccessibleInterface(m_view->activeFocusItem());
+        return access ? access->text(QAccessible::Name) : QString();
+    }
+
     // In the room that the main window leaves to it at its smallest.
     void opens() { open(u"Workspace/DatasetsView.qml"_s, {980, 760}); }
 

@@ -144,6 +144,19 @@ private slots:
         QVERIFY(eventually([this] { return names() == QStringList{u"First"_s}; }));
     }
 
+    void asksForNoDownloadByACardThatHasGone()
+    {
+        opensWith('[' + model("a", "First") + ']');
+        QVERIFY(eventually([this] { return cards().size() == 1; }));
+        cards().constFirst()->forceActiveFocus(Qt::TabFocusReason);
+        m_window->press(Qt::Key_Return);
+        QVERIFY(eventually([this] { return m_window->shows(u"Failed to Load Models"_s); }));
+        const auto asked = m_world->service.requests().size();
+        m_window->press(Qt::Key_Return);
+        settle();
+        QCOMPARE(m_world->service.requests().size(), asked);
+    }
+
     void keepsRetryInTheWindowWhateverTheServiceSays_data()
     {
         QTest::addColumn<QByteArray>("words");

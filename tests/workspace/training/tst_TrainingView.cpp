@@ -592,6 +592,19 @@ private slots:
             [this] { return m_world->service.requests("POST", "/v1/fine-tuning/jobs/a/cancel").size() == 1; }));
     }
 
+    void cancelsNoJobThatTheFilterLeavesOut()
+    {
+        opensWith('[' + job("a", "running", "First") + ',' + job("b", "completed", "Second") + ']');
+        QVERIFY(eventually([this] { return cards().size() == 2; }));
+        m_window->button(u"Cancel First"_s)->forceActiveFocus(Qt::TabFocusReason);
+        model().setSelectedFilter(TrainingViewModel::JobStatusFilter::Completed);
+        redraw();
+        QCOMPARE(names(), QStringList(u"Second"_s));
+        m_window->press(Qt::Key_Return);
+        settle();
+        QVERIFY(m_world->service.requests("POST", "/v1/fine-tuning/jobs/a/cancel").isEmpty());
+    }
+
     void isReadOutByAssistivePrograms()
     {
         opens();
