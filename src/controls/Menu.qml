@@ -44,7 +44,14 @@ T.Menu {
         }
     }
 
+    property bool leaving: false
+
+    onAboutToShow: leaving = false
+    onAboutToHide: leaving = true
+
     contentItem: ListView {
+        id: rows
+
         readonly property real widest: menu.widest()
 
         implicitWidth: widest
@@ -54,6 +61,14 @@ T.Menu {
         interactive: contentHeight > height
         clip: interactive
         boundsBehavior: Flickable.StopAtBounds
+
+        // Something has been chosen already while the menu fades away.
+        MouseArea {
+            parent: rows
+            anchors.fill: parent
+            z: 1
+            visible: menu.leaving
+        }
     }
 
     function widest(): real {

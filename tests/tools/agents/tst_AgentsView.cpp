@@ -263,6 +263,20 @@ private slots:
         QVERIFY(!inspector());
     }
 
+    void addsOneNodeHoweverOftenAnEntryIsPressed()
+    {
+        m_world->environment.animations = true;
+        open();
+        click(u"Add Node"_s);
+        const auto isListed = [this] { return m_window->control(QAccessible::MenuItem, u"Router"_s) != nullptr; };
+        QVERIFY(eventually(isListed));
+        const QPoint entry = placeOf(m_window->control(QAccessible::MenuItem, u"Router"_s)).center().toPoint();
+        QTest::mouseClick(m_view.get(), Qt::LeftButton, {}, entry);
+        QTest::mouseClick(m_view.get(), Qt::LeftButton, {}, entry);
+        settle();
+        QCOMPARE(m_agents->nodes().size(), 4);
+    }
+
     void laysTheLaterOfTwoNewNodesOnTop()
     {
         open();
