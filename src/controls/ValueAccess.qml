@@ -39,7 +39,7 @@ Item {
         if (value !== current) {
             const wanted = value;
             value = Qt.binding(() => access.current);
-            if (access.enabled) {
+            if (access.enabled && !isNaN(wanted)) {
                 access.written(wanted);
             }
         }

@@ -225,6 +225,8 @@ void tst_Values::isMovedByAssistivePrograms()
     QCOMPARE(held(scene), 77.0);
     it->valueInterface()->setCurrentValue(500.0);
     QCOMPARE(held(scene), 100.0);
+    it->valueInterface()->setCurrentValue(qQNaN());
+    QCOMPARE(held(scene), 100.0);
     // The owner's word still arrives afterwards.
     scene.view.rootObject()->setProperty("held", 12);
     QCOMPARE(it->valueInterface()->currentValue().toDouble(), 12.0);
