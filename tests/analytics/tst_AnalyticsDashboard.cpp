@@ -269,6 +269,11 @@ private slots:
         QCOMPARE(selectedTitles(), QStringList{u"OVERVIEW"_s});
         m_window->press(Qt::Key_Left);
         QCOMPARE(selectedTitles(), QStringList{u"OVERVIEW"_s});
+        // From where the keyboard is.
+        m_window->press(Qt::Key_Tab);
+        m_window->press(Qt::Key_Tab);
+        m_window->press(Qt::Key_Right);
+        QCOMPARE(selectedTitles(), QStringList{u"DEPLOYMENT"_s});
     }
 
     void readsItsTabsOut()

@@ -12,11 +12,15 @@ Rectangle {
 
     signal selected(int tab)
 
+    // From the tab that has the keyboard.
     function go(step) {
-        const next = tabs.itemAt(strip.selectedTab + step) as AnalyticsTabButton;
-        if (next) {
-            next.forceActiveFocus(Qt.TabFocusReason);
-            next.press();
+        for (let i = 0; i < tabs.count; ++i) {
+            const next = tabs.itemAt(i + step) as AnalyticsTabButton;
+            if (tabs.itemAt(i).activeFocus && next) {
+                next.forceActiveFocus(Qt.TabFocusReason);
+                next.press();
+                return;
+            }
         }
     }
 
