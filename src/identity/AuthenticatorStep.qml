@@ -47,8 +47,14 @@ LoginStepColumn {
             font: Theme.monospaced(20, Font.Medium)
             text: step.viewModel.authenticatorCode
             onTextEdited: {
-                if (text !== step.viewModel.authenticatorCode) {
+                if (text === step.viewModel.authenticatorCode) {
+                    return;
+                }
+                if (step.isCurrent) {
                     step.viewModel.authenticatorCode = text;
+                } else {
+                    // An assistive program may still know the field.
+                    text = Qt.binding(() => step.viewModel.authenticatorCode);
                 }
             }
             onAccepted: step.viewModel.submitCode()

@@ -68,7 +68,7 @@ Card {
             // It holds tokens.
             secret: true
             onAccepted: {
-                const pasted = text;
+                const pasted = text.trim();
                 clear();
                 BrowserSession.deliver(pasted);
             }

@@ -35,8 +35,14 @@ LoginStepColumn {
             font: Theme.system(14)
             text: step.viewModel.email
             onTextEdited: {
-                if (text !== step.viewModel.email) {
+                if (text === step.viewModel.email) {
+                    return;
+                }
+                if (step.isCurrent) {
                     step.viewModel.email = text;
+                } else {
+                    // An assistive program may still know the field.
+                    text = Qt.binding(() => step.viewModel.email);
                 }
             }
             onAccepted: step.viewModel.submitEmail()
