@@ -49,9 +49,21 @@ T.Menu {
     onAboutToShow: leaving = false
     onAboutToHide: leaving = true
 
-    contentItem: ListView {
+    // While the menu fades away they take no press: something has been chosen already.
+    component Rows: ListView {
         id: rows
 
+        property bool leaving: false
+
+        MouseArea {
+            parent: rows
+            anchors.fill: parent
+            z: 1
+            visible: rows.leaving
+        }
+    }
+
+    contentItem: Rows {
         readonly property real widest: menu.widest()
 
         implicitWidth: widest
@@ -61,14 +73,7 @@ T.Menu {
         interactive: contentHeight > height
         clip: interactive
         boundsBehavior: Flickable.StopAtBounds
-
-        // Something has been chosen already while the menu fades away.
-        MouseArea {
-            parent: rows
-            anchors.fill: parent
-            z: 1
-            visible: menu.leaving
-        }
+        leaving: menu.leaving
     }
 
     function widest(): real {
