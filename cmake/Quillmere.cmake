@@ -19,6 +19,8 @@ find_package(QCoro6 0.8 REQUIRED COMPONENTS Core)
 find_package(simdjson REQUIRED)
 find_package(PkgConfig REQUIRED)
 pkg_check_modules(LIBSECRET REQUIRED IMPORTED_TARGET libsecret-1)
+# It asks for -pthread, a macro without meaning on today's systems; and g++ wants the same macros wherever headers are precompiled.
+set_property(TARGET PkgConfig::LIBSECRET PROPERTY INTERFACE_COMPILE_OPTIONS)
 
 qt_standard_project_setup()
 if(NOT CMAKE_CXX_COMPILER_ID STREQUAL "Clang")
@@ -44,6 +46,13 @@ if(QUILLMERE_SANITIZE)
     endif()
 endif()
 
+# A folder whose targets all read the same headers of libraries names the target that precompiles them in QUILLMERE_HEADERS.
+function(quillmere_shares_headers name)
+    if(QUILLMERE_HEADERS)
+        target_precompile_headers(${name} REUSE_FROM ${QUILLMERE_HEADERS})
+    endif()
+endfunction()
+
 # A subsystem. URI makes it a QML module too. LINK names what its users see as well, PRIVATE_LINK what only it uses.
 # QML_FILES and headers may stand in folders; a QML file's folder plays no part in its type's name.
 function(quillmere_library name)
@@ -52,6 +61,7 @@ function(quillmere_library name)
     qt_add_library(${name} STATIC)
     target_sources(${name} PRIVATE ${arg_SOURCES})
     target_link_libraries(${name} PUBLIC quillmere_settings ${arg_LINK} PRIVATE ${arg_PRIVATE_LINK})
+    quillmere_shares_headers(${name})
 
     # The code that registers QML types includes their headers by bare name.
     list(FILTER arg_SOURCES EXCLUDE REGEX "^/")
@@ -85,6 +95,7 @@ function(quillmere_program name)
     cmake_parse_arguments(arg "" "" "SOURCES;LINK" ${ARGN})
     qt_add_executable(${name} ${arg_SOURCES})
     target_link_libraries(${name} PRIVATE quillmere_settings ${arg_LINK})
+    quillmere_shares_headers(${name})
 endfunction()
 
 # A test program of one source file named after it, registered with CTest. WITH names what it needs around it: "display" (an X
@@ -96,8 +107,6 @@ function(quillmere_test name)
         set(arg_TIMEOUT 120)
     endif()
     quillmere_program(${name} SOURCES ${name}.cpp ${arg_SOURCES} LINK Qt6::Test ${arg_LINK})
-    # Most of the build's time goes into tests, and most of theirs into optimising what runs once.
-    target_compile_options(${name} PRIVATE -O0)
     set(around)
     foreach(need IN LISTS arg_WITH)
         list(APPEND around ${PROJECT_SOURCE_DIR}/tests/support/with-${need})

@@ -1,5 +1,7 @@
 #include "Keyring.h"
 
+// libsecret's headers use the name, which Qt's keywords take.
+#undef signals
 #include <libsecret/secret.h>
 
 namespace keyring {
