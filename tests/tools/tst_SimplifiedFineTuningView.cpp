@@ -204,6 +204,24 @@ private slots:
         QVERIFY(text(u"Select Training Data"_s));
     }
 
+    void handsTheKeyboardFromAButtonThatGoesToTheStep()
+    {
+        open();
+        goTo(1);
+        control(u"Back"_s)->forceActiveFocus(Qt::TabFocusReason);
+        m_window->press(Qt::Key_Return);
+        QVERIFY(text(u"Select Training Data"_s));
+        m_window->press(Qt::Key_Tab);
+        QCOMPARE(m_view->activeFocusItem(), control(u"Upload File"_s));
+
+        goTo(2);
+        control(u"Continue"_s)->forceActiveFocus(Qt::TabFocusReason);
+        m_window->press(Qt::Key_Return);
+        QVERIFY(text(u"Review & Start"_s));
+        m_window->press(Qt::Key_Tab);
+        QCOMPARE(m_view->activeFocusItem(), control(u"Start Fine-Tuning"_s));
+    }
+
     void recommendsTheFirstModelWhateverIsChosen()
     {
         open();

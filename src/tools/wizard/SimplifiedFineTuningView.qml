@@ -11,6 +11,13 @@ Rectangle {
 
     readonly property color lineColor: Color.faded("white", 0.1)
 
+    // A button that goes hands the keyboard to the step that came, from which Tab goes on.
+    function keepKeyboard(button) {
+        if (!button.visible && button.activeFocus) {
+            body.forceActiveFocus(Qt.OtherFocusReason);
+        }
+    }
+
     color: "black"
     implicitWidth: 900
     implicitHeight: 700
@@ -144,6 +151,7 @@ Rectangle {
             width: 100
             height: 40
             visible: wizard.currentStep >= 1
+            onVisibleChanged: view.keepKeyboard(this)
             text: qsTr("Back")
             font: Theme.rounded(14, Font.Medium)
             labelColor: "white"
@@ -158,6 +166,7 @@ Rectangle {
             y: 24
             visible: wizard.currentStep < wizard.steps.length - 1
             enabled: wizard.canProceed
+            onVisibleChanged: view.keepKeyboard(this)
             onClicked: wizard.proceed()
         }
     }
