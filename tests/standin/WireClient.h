@@ -1,20 +1,21 @@
 #pragma once
 
 #include "standin/StandIn.h"
+#include "support/Waiting.h"
 
-#include <QSignalSpy>
 #include <QTcpSocket>
 #include <QTest>
 
-/// A client that sends bytes and looks at bytes, so that no HTTP library smooths anything over.
+// A client that sends bytes and looks at bytes, so that no HTTP library smooths anything over.
 class WireClient {
 public:
     explicit WireClient(const StandIn &service)
     {
         m_socket.connectToHost(QHostAddress::LocalHost, service.port());
         QObject::connect(&m_socket, &QTcpSocket::readyRead, [this] {
-            if (m_reads)
+            if (m_reads) {
                 m_received += m_socket.readAll();
+            }
         });
     }
 
@@ -29,49 +30,40 @@ public:
     const QByteArray &received() const { return m_received; }
     bool receives(const QByteArray &text)
     {
-        return waitFor(&QTcpSocket::readyRead, [&] { return m_received.contains(text); });
+        return quillmere::testing::eventually([&] { return m_received.contains(text); });
     }
     bool receives(const QByteArray &text, int times)
     {
-        return waitFor(&QTcpSocket::readyRead, [&] { return m_received.count(text) >= times; });
+        return quillmere::testing::eventually([&] { return m_received.count(text) >= times; });
     }
     bool receivesMoreThan(qsizetype bytes)
     {
-        return waitFor(&QTcpSocket::readyRead, [&] { return m_received.size() > bytes; });
+        return quillmere::testing::eventually([&] { return m_received.size() > bytes; });
     }
     bool seesTheEnd()
     {
-        return waitFor(&QTcpSocket::stateChanged, [&] { return m_socket.state() == QTcpSocket::UnconnectedState; });
+        return quillmere::testing::eventually([&] { return m_socket.state() == QTcpSocket::UnconnectedState; });
     }
     bool isOpen() const { return m_socket.state() == QAbstractSocket::ConnectedState; }
 
 private:
-    /// Looks again whenever the signal comes; false when it stays away for five seconds.
-    template <typename Signal, typename Condition> bool waitFor(Signal signal, Condition condition)
-    {
-        QSignalSpy spy(&m_socket, signal);
-        while (!condition()) {
-            if (!spy.wait())
-                return condition();
-        }
-        return true;
-    }
-
     QTcpSocket m_socket;
     QByteArray m_received;
     bool m_reads = true;
 };
 
-/// A request's bytes, with a Content-Length where there is a body. "Content-Type: application/json" comes with it unless
-/// the headers tell another one.
+// A request's bytes, with a Content-Length where there is a body. "Content-Type: application/json" comes with it unless
+// the headers tell another one.
 inline QByteArray requestBytes(
     const QByteArray &method, const QByteArray &target, const QByteArray &headers = {}, const QByteArray &body = {})
 {
     QByteArray bytes = method + ' ' + target + " HTTP/1.1\r\nHost: 127.0.0.1\r\n" + headers;
-    if (!body.isEmpty())
+    if (!body.isEmpty()) {
         bytes += "Content-Length: " + QByteArray::number(body.size()) + "\r\n";
-    if (!headers.contains("Content-Type"))
+    }
+    if (!headers.contains("Content-Type")) {
         bytes += "Content-Type: application/json\r\n";
+    }
     return bytes + "\r\n" + body;
 }
 
@@ -88,14 +80,15 @@ struct WireReply {
     }
 };
 
-/// Sends one request on a connection of its own and reads until the service ends it. Status 0 stands for no reply.
+// Sends one request on a connection of its own and reads until the service ends it. Status 0 stands for no reply.
 inline WireReply ask(const StandIn &service, const QByteArray &method, const QByteArray &target,
     const QByteArray &headers = {}, const QByteArray &body = {})
 {
     WireClient client(service);
     client.send(requestBytes(method, target, "Connection: close\r\n" + headers, body));
-    if (!client.seesTheEnd())
+    if (!client.seesTheEnd()) {
         return {};
+    }
     const qsizetype end = client.received().indexOf("\r\n\r\n");
     const QByteArray head = client.received().left(end + 2);
     return {head.mid(9, 3).toInt(), head, client.received().mid(end + 4)};
@@ -106,7 +99,7 @@ inline QByteArray bearer(const QString &token)
     return "Authorization: Bearer " + token.toLatin1() + "\r\n";
 }
 
-/// The body of an upload as the application sends it.
+// The body of an upload as the application sends it.
 inline QByteArray formBody(const QByteArray &boundary, const QByteArray &filename, const QByteArray &content)
 {
     return "--" + boundary + "\r\nContent-Disposition: form-data; name=\"file\"; filename=\"" + filename

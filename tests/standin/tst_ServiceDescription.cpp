@@ -19,8 +19,8 @@ namespace {
 const QByteArray Boundary = "6F9619FF-8B86-D011-B42D-00CF4FC964FF";
 const QString Secret = u"JBSWY3DPEHPK3PXP"_s;
 
-/// As much of the schema language as the description uses. A keyword that it does not know is an error too, so that the
-/// description cannot say what nobody checks.
+// As much of the schema language as the description uses. A keyword that it does not know is an error too, so that the
+// description cannot say what nobody checks.
 class SchemaChecker {
 public:
     explicit SchemaChecker(const QJsonObject &description)
@@ -28,56 +28,69 @@ public:
     {
     }
 
-    /// What is wrong with the value, each with its place; empty when nothing is.
+    // What is wrong with the value, each with its place; empty when nothing is.
     QStringList check(const QJsonValue &value, const QJsonObject &schema, const QString &place = u"$"_s) const
     {
         if (schema.contains(u"$ref"_s)) {
             const QString name = schema[u"$ref"].toString().section(u'/', -1);
-            if (!m_schemas.contains(name))
+            if (!m_schemas.contains(name)) {
                 return {place + u": no schema "_s + name};
+            }
             return check(value, m_schemas[name].toObject(), place);
         }
         static const QSet<QString> Keywords{u"type"_s, u"description"_s, u"required"_s, u"properties"_s, u"items"_s,
             u"additionalProperties"_s, u"nullable"_s, u"enum"_s, u"format"_s};
         const QStringList keys = schema.keys();
         for (const QString &key : keys) {
-            if (!Keywords.contains(key))
+            if (!Keywords.contains(key)) {
                 return {place + u": unknown keyword "_s + key};
+            }
         }
-        if (value.isNull() && schema[u"nullable"].toBool())
+        if (value.isNull() && schema[u"nullable"].toBool()) {
             return {};
+        }
         const QString type = schema[u"type"].toString();
-        if (!type.isEmpty() && !hasType(value, type))
+        if (!type.isEmpty() && !hasType(value, type)) {
             return {place + u" is no "_s + type};
+        }
         QStringList wrong;
-        if (schema.contains(u"enum"_s) && !schema[u"enum"].toArray().contains(value))
+        if (schema.contains(u"enum"_s) && !schema[u"enum"].toArray().contains(value)) {
             wrong += place + u" has a value that is not listed"_s;
-        if (schema[u"format"] == u"date-time"_s && !isDateTime(value.toString()))
+        }
+        if (schema[u"format"] == u"date-time"_s && !isDateTime(value.toString())) {
             wrong += place + u" is no date-time"_s;
-        if (type == u"array")
+        }
+        if (type == u"array") {
             wrong += checkItems(value.toArray(), schema[u"items"].toObject(), place);
-        if (type == u"object")
+        }
+        if (type == u"object") {
             wrong += checkFields(value.toObject(), schema, place);
+        }
         return wrong;
     }
 
 private:
     static bool hasType(const QJsonValue &value, const QString &type)
     {
-        if (type == u"string")
+        if (type == u"string") {
             return value.isString();
-        if (type == u"boolean")
+        }
+        if (type == u"boolean") {
             return value.isBool();
-        if (type == u"array")
+        }
+        if (type == u"array") {
             return value.isArray();
-        if (type == u"object")
+        }
+        if (type == u"object") {
             return value.isObject();
-        if (type == u"number")
+        }
+        if (type == u"number") {
             return value.isDouble();
+        }
         return type == u"integer" && value.isDouble() && std::trunc(value.toDouble()) == value.toDouble();
     }
 
-    /// RFC 3339 with whole seconds, which is the only form that the application takes.
+    // RFC 3339 with whole seconds, which is the only form that the application takes.
     static bool isDateTime(const QString &text)
     {
         static const QRegularExpression Form(u"\\A\\d{4}-\\d\\d-\\d\\dT\\d\\d:\\d\\d:\\d\\d(Z|[+-]\\d\\d:\\d\\d)\\z"_s);
@@ -87,8 +100,9 @@ private:
     QStringList checkItems(const QJsonArray &array, const QJsonObject &items, const QString &place) const
     {
         QStringList wrong;
-        for (qsizetype i = 0; i < array.size(); ++i)
+        for (qsizetype i = 0; i < array.size(); ++i) {
             wrong += check(array[i], items, u"%1[%2]"_s.arg(place).arg(i));
+        }
         return wrong;
     }
 
@@ -96,19 +110,21 @@ private:
     {
         QStringList wrong;
         for (const QJsonValue &name : schema[u"required"].toArray()) {
-            if (!object.contains(name.toString()))
+            if (!object.contains(name.toString())) {
                 wrong += place + u" lacks "_s + name.toString();
+            }
         }
         const QJsonObject properties = schema[u"properties"].toObject();
         const QJsonValue others = schema[u"additionalProperties"];
         for (auto it = object.begin(); it != object.end(); ++it) {
             const QString at = place + u'.' + it.key();
-            if (properties.contains(it.key()))
+            if (properties.contains(it.key())) {
                 wrong += check(*it, properties[it.key()].toObject(), at);
-            else if (others.isObject())
+            } else if (others.isObject()) {
                 wrong += check(*it, others.toObject(), at);
-            else if (others.isBool() && !others.toBool())
+            } else if (others.isBool() && !others.toBool()) {
                 wrong += at + u" is not described"_s;
+            }
         }
         return wrong;
     }
@@ -124,7 +140,7 @@ class tst_ServiceDescription : public QObject {
 private:
     QJsonObject m_description;
     std::unique_ptr<StandIn> m_service;
-    QSet<QString> m_seen; ///< "METHOD /path/{id} STATUS"
+    QSet<QString> m_seen; //< "METHOD /path/{id} STATUS"
 
     QStringList checkValue(const QByteArray &json, const QByteArray &schema) const
     {
@@ -132,20 +148,21 @@ private:
         return SchemaChecker(m_description).check(value, QJsonDocument::fromJson(schema).object());
     }
 
-    /// The described path that a request's path falls under; empty when there is none.
+    // The described path that a request's path falls under; empty when there is none.
     QString templateOf(const QString &path) const
     {
         static const QRegularExpression Parameter(u"\\\\\\{\\w+\\\\\\}"_s);
         const QStringList templates = m_description[u"paths"].toObject().keys();
         for (const QString &candidate : templates) {
             const QString pattern = QRegularExpression::escape(candidate).replace(Parameter, u"[^/]+"_s);
-            if (QRegularExpression(QRegularExpression::anchoredPattern(pattern)).match(path).hasMatch())
+            if (QRegularExpression(QRegularExpression::anchoredPattern(pattern)).match(path).hasMatch()) {
                 return candidate;
+            }
         }
         return {};
     }
 
-    /// What is wrong with a reply, in the light of the description.
+    // What is wrong with a reply, in the light of the description.
     QStringList checkReply(const QByteArray &method, const QByteArray &target, const WireReply &reply)
     {
         const QString path = templateOf(QString::fromLatin1(target.split('?').first()));
@@ -153,21 +170,26 @@ private:
         const QString what = QString::fromLatin1(method) + u' ' + path + u' ' + status;
         const QJsonValue described =
             m_description[u"paths"][path][QString::fromLatin1(method.toLower())][u"responses"][status];
-        if (!described.isObject())
+        if (!described.isObject()) {
             return {what + u" is not described, asked for "_s + QString::fromLatin1(target)};
+        }
         m_seen.insert(what);
         const QJsonObject content = described[u"content"].toObject();
-        if (content.isEmpty())
+        if (content.isEmpty()) {
             return reply.body.isEmpty() ? QStringList() : QStringList(what + u" has a body"_s);
+        }
         const QString type = QString::fromLatin1(reply.header("Content-Type").split(';').first());
-        if (!content.contains(type))
+        if (!content.contains(type)) {
             return {what + u" has the type "_s + type};
-        if (type != u"application/json")
+        }
+        if (type != u"application/json") {
             return {};
+        }
         QJsonParseError error;
         const QJsonDocument document = QJsonDocument::fromJson(reply.body, &error);
-        if (error.error != QJsonParseError::NoError)
+        if (error.error != QJsonParseError::NoError) {
             return {what + u" is no JSON: "_s + error.errorString()};
+        }
         const QJsonValue value = document.isArray() ? QJsonValue(document.array()) : QJsonValue(document.object());
         return SchemaChecker(m_description).check(value, content[type][u"schema"].toObject(), what);
     }
@@ -326,8 +348,9 @@ private slots:
             QVERIFY2(
                 reply.status == exchange.status, (exchange.method + (' ' + target) + ' ' + reply.body).constData());
             QCOMPARE(checkReply(exchange.method, target, reply), QStringList());
-            if (reply.body.contains("ticket="))
+            if (reply.body.contains("ticket=")) {
                 ticket = reply.body.split('=').last().chopped(2);
+            }
         }
     }
 
@@ -356,7 +379,7 @@ private slots:
         }
     }
 
-    /// Runs after the others, whose replies it counts.
+    // Runs after the others, whose replies it counts.
     void describesNothingThatNeverComes()
     {
         const QJsonObject paths = m_description[u"paths"].toObject();
@@ -366,8 +389,9 @@ private slots:
                 const QStringList statuses = (*path)[method][u"responses"].toObject().keys();
                 for (const QString &status : statuses) {
                     const QString what = method.toUpper() + u' ' + path.key() + u' ' + status;
-                    if (!m_seen.contains(what))
+                    if (!m_seen.contains(what)) {
                         neverSeen += what;
+                    }
                 }
             }
         }

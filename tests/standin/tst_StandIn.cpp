@@ -2,9 +2,9 @@
 
 #include "standin/StandIn.h"
 #include "standin/Totp.h"
+#include "support/Waiting.h"
 
 #include <QCryptographicHash>
-#include <QDeadlineTimer>
 #include <QImage>
 #include <QJsonArray>
 #include <QJsonDocument>
@@ -21,6 +21,7 @@
 
 using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
+using quillmere::testing::eventually;
 
 namespace {
 
@@ -38,8 +39,9 @@ QJsonObject json(const WireReply &reply)
 QJsonObject jobIn(const WireReply &reply, const QString &id)
 {
     for (const QJsonValue &job : json(reply)[u"data"].toArray()) {
-        if (job[u"id"] == id)
+        if (job[u"id"] == id) {
             return job.toObject();
+        }
     }
     return {};
 }
@@ -73,22 +75,7 @@ private:
     }
     bool losesItsClients()
     {
-        QSignalSpy closed(m_service.get(), &StandIn::connectionClosed);
-        while (m_service->openConnections() > 0) {
-            if (!closed.wait())
-                return false;
-        }
-        return true;
-    }
-    /// Asks the service over and over, which lets its timers run.
-    template <typename Condition> bool eventually(Condition condition)
-    {
-        const QDeadlineTimer watchdog(10s);
-        while (!condition()) {
-            if (watchdog.hasExpired())
-                return false;
-        }
-        return true;
+        return eventually([&] { return m_service->openConnections() == 0; });
     }
     QByteArray ticketTarget(const WireReply &reply)
     {
@@ -189,8 +176,9 @@ private slots:
     void hasJobsInEveryStatus()
     {
         QSet<QString> statuses;
-        for (const QJsonValue &job : json(get("/v1/fine-tuning/jobs"))[u"data"].toArray())
+        for (const QJsonValue &job : json(get("/v1/fine-tuning/jobs"))[u"data"].toArray()) {
             statuses.insert(job[u"status"].toString());
+        }
         QCOMPARE(statuses,
             QSet<QString>(
                 {u"pending"_s, u"running"_s, u"completed"_s, u"failed"_s, u"cancelled"_s, u"queued_for_review"_s}));
@@ -203,8 +191,9 @@ private slots:
         m_service->hasModels(odd);
         m_service->hasFiles(odd);
         m_service->hasUser("{\"id\": 1.0}");
-        for (const QByteArray &target : {QByteArray("/v1/fine-tuning/jobs"), QByteArray("/v1/models"), FilesTarget})
+        for (const QByteArray &target : {QByteArray("/v1/fine-tuning/jobs"), QByteArray("/v1/models"), FilesTarget}) {
             QCOMPARE(get(target).body, "{\"data\":" + odd + '}');
+        }
         QCOMPARE(get("/v1/auth/me").body, "{\"id\": 1.0}");
     }
 
@@ -601,9 +590,9 @@ private slots:
         {
             WireClient client(*m_service);
             client.send(requestBytes("POST", FilesTarget, m_token + FormType, formBody(Boundary, "a", "b")).chopped(5));
-            QVERIFY(begins.wait());
+            QVERIFY(eventually([&] { return !begins.isEmpty(); }));
         }
-        QVERIFY(!closed.isEmpty() || closed.wait());
+        QVERIFY(eventually([&] { return !closed.isEmpty(); }));
         QCOMPARE(m_service->requests().size(), 1);
         QVERIFY(!m_service->requests().constFirst().complete);
         QCOMPARE(m_service->uploads().size(), 0);
@@ -629,7 +618,7 @@ private slots:
         m_service->on("GET /api/downloads/version", 1).hangsBeforeReply();
         WireClient client(*m_service);
         client.send(requestBytes("GET", "/api/downloads/version") + requestBytes("GET", "/v1/models"));
-        QVERIFY(received.wait());
+        QVERIFY(eventually([&] { return !received.isEmpty(); }));
         client.send(requestBytes("GET", "/v1/auth/me"));
         QCOMPARE(get("/v1/auth/me").status, 200);
         QCOMPARE(m_service->requests("GET", "/v1/models").size(), 0);
@@ -692,11 +681,13 @@ private slots:
         m_service->on("GET /v1/models", 2).answers(501);
         m_service->on("GET /v1/models", 1).answers(502);
         m_service->on("GET /v1/models").answers(503);
-        for (const int status : {501, 501, 502, 503, 503})
+        for (const int status : {501, 501, 502, 503, 503}) {
             QCOMPARE(get("/v1/models").status, status);
+        }
         m_service->on("GET /v1/models", 1).answers(504);
-        for (const int status : {504, 503})
+        for (const int status : {504, 503}) {
             QCOMPARE(get("/v1/models").status, status);
+        }
         m_service->clearFaults();
         QCOMPARE(get("/v1/models").status, 200);
     }
@@ -740,7 +731,7 @@ private slots:
         m_service->on("GET /v1/models", 1).hangsBeforeReply();
         WireClient client(*m_service);
         client.send(requestBytes("GET", "/v1/models"));
-        QVERIFY(received.wait());
+        QVERIFY(eventually([&] { return !received.isEmpty(); }));
         // A second client that is served in full shows that the first has had time to be.
         QCOMPARE(get("/v1/models").status, 200);
         QCOMPARE(client.received(), "");
@@ -769,9 +760,9 @@ private slots:
         m_service->on("GET /v1/models").hangsBeforeReply();
         WireClient client(*m_service);
         client.send(requestBytes("GET", "/v1/models"));
-        QVERIFY(received.wait());
+        QVERIFY(eventually([&] { return !received.isEmpty(); }));
         client.closes();
-        QVERIFY(closed.wait());
+        QVERIFY(eventually([&] { return !closed.isEmpty(); }));
         QCOMPARE(m_service->openConnections(), 0);
     }
 
@@ -781,7 +772,7 @@ private slots:
         m_service->on("GET /api/downloads/version").drips(7);
         WireClient client(*m_service);
         client.send(requestBytes("GET", "/api/downloads/version"));
-        QVERIFY(received.wait());
+        QVERIFY(eventually([&] { return !received.isEmpty(); }));
         QVERIFY(m_service->drip());
         QVERIFY(client.receives("HTTP/1."));
         QCOMPARE(client.received(), "HTTP/1.");
@@ -850,7 +841,7 @@ private slots:
         m_service->on("GET /v1/models").dripsRaw(4, "banana");
         WireClient client(*m_service);
         client.send(requestBytes("GET", "/v1/models"));
-        QVERIFY(received.wait());
+        QVERIFY(eventually([&] { return !received.isEmpty(); }));
         QVERIFY(m_service->drip());
         QVERIFY(client.receives("bana"));
         QCOMPARE(client.received(), "bana");
@@ -883,7 +874,7 @@ private slots:
         QCOMPARE(::connect(client, reinterpret_cast<const sockaddr *>(&address), sizeof address), 0);
         const QByteArray request = requestBytes("GET", "/v1/models");
         QCOMPARE(qsizetype(::send(client, request.constData(), size_t(request.size()), 0)), request.size());
-        QVERIFY(closed.wait());
+        QVERIFY(eventually([&] { return !closed.isEmpty(); }));
         char bytes[100];
         QCOMPARE(::recv(client, bytes, sizeof bytes, 0), ssize_t(12));
         QCOMPARE(QByteArray(bytes, 12), "HTTP/1.1 ban");
@@ -931,7 +922,7 @@ private slots:
         WireClient client(*m_service);
         client.send(
             requestBytes("POST", FilesTarget, m_token + FormType, formBody(Boundary, "a", QByteArray(5000, 'x'))));
-        QVERIFY(begins.wait());
+        QVERIFY(eventually([&] { return !begins.isEmpty(); }));
         QCOMPARE(get("/api/downloads/version").status, 200);
         QCOMPARE(client.received(), "");
         QVERIFY(client.isOpen());
@@ -985,8 +976,7 @@ private slots:
         QNetworkRequest request(QUrl(m_service->origin() + u"/v1/auth/me"_s));
         const auto status = [&] {
             const std::unique_ptr<QNetworkReply> reply(manager.get(request));
-            QSignalSpy finished(reply.get(), &QNetworkReply::finished);
-            finished.wait();
+            eventually([&] { return reply->isFinished(); });
             return reply->attribute(QNetworkRequest::HttpStatusCodeAttribute).toInt();
         };
         QCOMPARE(status(), 401);
@@ -1048,8 +1038,9 @@ private slots:
         const QByteArray bent = reply();
         QVERIFY2(bent.startsWith(start), bent.constData());
         QVERIFY(start.isEmpty() ? bent.isEmpty() : true);
-        if (!order.contains("drips"))
+        if (!order.contains("drips")) {
             QVERIFY(bent != ordinary);
+        }
         QCOMPARE(reply(), ordinary);
     }
 
@@ -1068,7 +1059,7 @@ private slots:
         QSignalSpy received(m_service.get(), &StandIn::requestReceived);
         WireClient client(*m_service);
         client.send(requestBytes("GET", "/api/downloads/version"));
-        QVERIFY(received.wait());
+        QVERIFY(eventually([&] { return !received.isEmpty(); }));
         QVERIFY(!client.received().contains("version"));
         QCOMPARE(ask(*m_service, "DELETE", "/standin/faults").status, 204);
         QVERIFY(client.receives("web_download_url"));
@@ -1112,7 +1103,7 @@ private slots:
         QSignalSpy begins(m_service.get(), &StandIn::requestBegins);
         WireClient client(*m_service);
         client.send(requestBytes("POST", "/api/auth/user/login-init", {}, "{}"));
-        QVERIFY(begins.wait());
+        QVERIFY(eventually([&] { return !begins.isEmpty(); }));
         QCOMPARE(get("/api/downloads/version").status, 200);
         QCOMPARE(client.received(), "");
     }
@@ -1179,8 +1170,9 @@ private slots:
         QVERIFY(eventually([&] { return get("/v1/fine-tuning/jobs").body != before; }));
         m_service->runsByItself(0ms);
         const QByteArray stopped = get("/v1/fine-tuning/jobs").body;
-        for (int i = 0; i < 5; ++i)
+        for (int i = 0; i < 5; ++i) {
             QCOMPARE(get("/v1/fine-tuning/jobs").body, stopped);
+        }
     }
 
     void runsTwoJobsAtOnce()
