@@ -325,7 +325,7 @@ private:
         const auto hasEnded = [&] {
             return m_world->service.openConnections() == 0 || m_world->clock.scheduledCount() == 0;
         };
-        QVERIFY(eventually(hasEnded, 30s));
+        QVERIFY(eventually(hasEnded));
         settle();
         QVERIFY(!alerts().isUp());
         QVERIFY(!UpdateManager::shared().updateAvailable());

@@ -33,7 +33,7 @@ private slots:
         m_gauge->setSize({101, 100});
         m_gauge->setColor(Qt::red);
         m_window->show();
-        QVERIFY(QTest::qWaitFor([this] { return m_gauge->drawings() > 0; }));
+        QVERIFY(QTest::qWaitFor([this] { return m_gauge->drawings() > 0; }, 30'000));
         connect(m_window.get(), &QQuickWindow::afterRendering, this, [this] { ++m_frames; });
         rest();
         m_frames = 0;

@@ -2,6 +2,7 @@
 
 #include "controls/Scene.h"
 #include "platform/FileDialog.h"
+#include "support/Waiting.h"
 #include "support/Window.h"
 
 #include <QDir>
@@ -196,7 +197,7 @@ private:
 
     bool picks(const QString &name) const
     {
-        return QTest::qWaitFor([this] { return m_picked.has_value(); })
+        return eventually([this] { return m_picked.has_value(); })
             && *m_picked == QList<QUrl>{QUrl::fromLocalFile(m_folder->filePath(name))};
     }
 

@@ -79,12 +79,11 @@ class tst_ChromiumJourney : public QObject {
     }
 
     // Chromium takes no answer in the first moments of a question, nor one of several in quick succession, lest it be given
-    // unawares: it is given anew for as long as the question stands.
+    // unawares: it is given anew, less and less often, for as long as the question stands.
     static bool answersWithReturn(const Screen &browser)
     {
-        constexpr int mostAnswers = 15;
-        for (int answers = 0; answers < mostAnswers; ++answers) {
-            if (desktop::press(u"Return"_s) && QTest::qWaitFor([&] { return !browser.isShowing(question); }, 1000)) {
+        for (int pause = 1000; pause <= 16'000; pause *= 2) {
+            if (desktop::press(u"Return"_s) && QTest::qWaitFor([&] { return !browser.isShowing(question); }, pause)) {
                 return true;
             }
         }

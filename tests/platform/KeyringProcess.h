@@ -25,7 +25,7 @@ public:
     bool dies() const
     {
         return m_id > 1 && ::kill(m_id, SIGKILL) == 0
-            && QTest::qWaitFor([] { return !bus().isServiceRegistered(name()).value(); });
+            && QTest::qWaitFor([] { return !bus().isServiceRegistered(name()).value(); }, 30'000);
     }
 
 private:

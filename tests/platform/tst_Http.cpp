@@ -428,7 +428,7 @@ private slots:
     void failsForAHostThatDoesNotExist()
     {
         Sent sent({"GET", QUrl(u"http://nobody.invalid/"_s), {}, {}});
-        QVERIFY(eventually([&] { return sent.hasEnded(); }, 30s));
+        QVERIFY(eventually([&] { return sent.hasEnded(); }));
         QVERIFY(sent.fails());
         QVERIFY(!sent.failure().isEmpty());
     }
@@ -591,7 +591,7 @@ private slots:
     {
         service().on("GET /v1/models").sendsHugeBody(HttpSession::sizeLimit);
         Sent sent = get(u"/v1/models"_s);
-        QVERIFY(eventually([&] { return sent.hasEnded(); }, 30s));
+        QVERIFY(eventually([&] { return sent.hasEnded(); }));
         QCOMPARE(sent.response().body.size(), HttpSession::sizeLimit);
     }
 
@@ -599,7 +599,7 @@ private slots:
     {
         service().on("GET /v1/models").sendsHugeBody(HttpSession::sizeLimit + 1);
         Sent sent = get(u"/v1/models"_s);
-        QVERIFY(eventually([&] { return sent.hasEnded(); }, 30s));
+        QVERIFY(eventually([&] { return sent.hasEnded(); }));
         QVERIFY(sent.fails());
         QCOMPARE(sent.failure(), u"The reply is too large."_s);
     }
@@ -609,7 +609,7 @@ private slots:
         service().on("GET /v1/models").sendsEndlessBody();
         const testing::PeakMemory memory;
         Sent sent = get(u"/v1/models"_s);
-        QVERIFY(eventually([&] { return sent.hasEnded(); }, 30s));
+        QVERIFY(eventually([&] { return sent.hasEnded(); }));
         QCOMPARE(sent.failure(), u"The reply is too large."_s);
         QVERIFY(eventually([this] { return service().openConnections() == 0; }));
         if (testing::memoryIsMeasurable) {
@@ -623,7 +623,7 @@ private slots:
         service().on("GET /it").answers(200, packed, "application/json", {{"Content-Encoding", "deflate"}});
         const testing::PeakMemory memory;
         Sent sent = get(u"/it"_s);
-        QVERIFY(eventually([&] { return sent.hasEnded(); }, 30s));
+        QVERIFY(eventually([&] { return sent.hasEnded(); }));
         QVERIFY(sent.fails());
         if (testing::memoryIsMeasurable) {
             QVERIFY2(memory.growth() < 3 * HttpSession::sizeLimit, QByteArray::number(memory.growth()));

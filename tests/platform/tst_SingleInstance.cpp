@@ -1,4 +1,5 @@
 #include "platform/SingleInstance.h"
+#include "support/Waiting.h"
 
 #include <QDir>
 #include <QFile>
@@ -19,6 +20,7 @@
 #include <vector>
 
 using namespace Qt::StringLiterals;
+using quillmere::testing::eventually;
 
 namespace quillmere {
 
@@ -69,7 +71,7 @@ public:
 
     bool says(const QByteArray &line)
     {
-        return QTest::qWaitFor([&] { return hasSaid(line); }, 15'000);
+        return eventually([&] { return hasSaid(line); });
     }
     bool hasSaid(const QByteArray &line)
     {
@@ -83,7 +85,7 @@ public:
     }
     bool ends()
     {
-        return QTest::qWaitFor([&] { return m_process.state() == QProcess::NotRunning; }, 15'000)
+        return eventually([&] { return m_process.state() == QProcess::NotRunning; })
             && m_process.exitStatus() == QProcess::NormalExit && m_process.exitCode() == 0;
     }
     bool handsOver() { return says("second") && ends(); }
@@ -119,7 +121,7 @@ private:
         }
         bool hearsOf(int connections)
         {
-            return QTest::qWaitFor([&] { return m_connections >= connections; }, 15'000);
+            return eventually([&] { return m_connections >= connections; });
         }
         int connections() const { return m_connections; }
         void ends()
@@ -188,7 +190,7 @@ private slots:
         instance.listen();
         QSignalSpy received(&instance, &SingleInstance::received);
         Instance second(message);
-        QVERIFY(received.wait(15'000));
+        QVERIFY(eventually([&] { return !received.isEmpty(); }));
         QCOMPARE(received.constFirst().constFirst().toString(), message);
         QVERIFY(second.handsOver());
         QCOMPARE(received.size(), 1);
@@ -204,7 +206,7 @@ private slots:
         const std::unique_ptr<QThread> thread(
             QThread::create([] { SingleInstance(name).claim(QString(3'000'000, u'x')); }));
         thread->start();
-        QVERIFY(received.wait(15'000));
+        QVERIFY(eventually([&] { return !received.isEmpty(); }));
         QCOMPARE(received.constFirst().constFirst().toString(), QString(1 << 20, u'x'));
         QVERIFY(thread->wait(15'000));
     }
@@ -237,7 +239,7 @@ private slots:
             all.push_back(std::make_unique<Instance>(u"message %1"_s.arg(i)));
         }
         const auto isFirst = [](const auto &instance) { return instance->hasSaid("first"); };
-        QVERIFY(QTest::qWaitFor([&] { return std::any_of(all.begin(), all.end(), isFirst); }, 15'000));
+        QVERIFY(eventually([&] { return std::any_of(all.begin(), all.end(), isFirst); }));
         Instance &first = **std::find_if(all.begin(), all.end(), isFirst);
         for (const auto &one : all) {
             if (one.get() != &first) {
@@ -327,7 +329,7 @@ private slots:
         goes.disconnectFromServer();
 
         Instance second(u"good"_s);
-        QVERIFY(received.wait(15'000));
+        QVERIFY(eventually([&] { return !received.isEmpty(); }));
         QVERIFY(second.handsOver());
         QCOMPARE(received.size(), 1);
         QCOMPARE(received.constFirst().constFirst().toString(), u"good"_s);
@@ -346,7 +348,7 @@ private slots:
                                 "a\xff"
                                 "b",
             7));
-        QVERIFY(received.wait(5000));
+        QVERIFY(eventually([&] { return !received.isEmpty(); }));
         QCOMPARE(received.constFirst().constFirst().toString(), u"a\ufffdb"_s);
     }
 

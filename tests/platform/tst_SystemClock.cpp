@@ -23,7 +23,7 @@ private:
     }
     bool ran(qsizetype count)
     {
-        return QTest::qWaitFor([this, count] { return m_ran.size() >= count; });
+        return QTest::qWaitFor([this, count] { return m_ran.size() >= count; }, 30'000);
     }
 
 private slots:

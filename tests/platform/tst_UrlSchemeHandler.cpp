@@ -238,7 +238,7 @@ private slots:
         opener.start(u"xdg-open"_s, {QString::fromUtf8(url)});
         QVERIFY2(opener.waitForFinished(), qPrintable(opener.errorString()));
         QVERIFY2(opener.exitCode() == 0, opener.readAll());
-        QVERIFY(QTest::qWaitFor([this] { return QFile::exists(noted()); }));
+        QVERIFY(QTest::qWaitFor([this] { return QFile::exists(noted()); }, 30'000));
         QCOMPARE(contentOf(noted()), "1\n" + url + '\n');
     }
 };

@@ -340,6 +340,7 @@ private slots:
         world->service.on("GET /v1/models").hangsBeforeReply();
         world->service.on("GET /v1/auth/me").answers(200, user);
         Ended slow(client().listModels());
+        QVERIFY(eventually([this] { return world->service.requests("GET", "/v1/models").size() == 1; }));
         Ended quick(client().getCurrentUser());
         QVERIFY(*quick);
         QVERIFY(!slow.hasEnded());

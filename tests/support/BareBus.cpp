@@ -18,7 +18,7 @@ BareBus::BareBus()
     configuration.close();
     m_daemon.start(
         u"dbus-daemon"_s, {u"--nofork"_s, u"--print-address"_s, u"--config-file="_s + configuration.fileName()});
-    if (m_daemon.waitForReadyRead()) {
+    if (m_daemon.waitForReadyRead(30'000)) {
         m_address = QString::fromUtf8(m_daemon.readLine()).trimmed();
     }
 }

@@ -4,12 +4,14 @@
 
 #include <QClipboard>
 #include <QEasingCurve>
-#include <QElapsedTimer>
 #include <QGuiApplication>
 #include <QLocale>
 #include <QRegularExpression>
 #include <QTest>
 #include <QWheelEvent>
+
+#include <ctime>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
@@ -492,25 +494,29 @@ private slots:
     {
         QFETCH(QString, content);
         open();
-        QElapsedTimer watch;
-        watch.start();
+        // In processor time, which what else the machine does has no part in.
+        std::clock_t before = std::clock();
+        const auto taken = [&] {
+            const std::clock_t start = std::exchange(before, std::clock());
+            return (before - start) * 1000 / CLOCKS_PER_SEC;
+        };
         paste(content);
         m_view->grabWindow();
-        const qint64 pasted = watch.restart();
+        const auto pasted = taken();
         QCOMPARE(typed().size(), content.size());
         m_window->press(Qt::Key_Return);
         settle();
         m_view->grabWindow();
-        const qint64 sent = watch.restart();
+        const auto sent = taken();
         QCOMPARE(count(), 2);
         reply();
         m_view->grabWindow();
-        const qint64 replied = watch.elapsed();
+        const auto replied = taken();
         QCOMPARE(count(), 3);
         QVERIFY(isAtEnd());
-        qInfo("pasted in %lld ms, sent in %lld ms, replied in %lld ms", pasted, sent, replied);
+        qInfo("pasted in %ld ms, sent in %ld ms, replied in %ld ms", pasted, sent, replied);
         // Generous, for slow machines; what this guards against takes ten times as long and more.
-        const qint64 most = content.size() / 100'000 * 2'000;
+        const auto most = content.size() / 100'000 * 2'000;
         QVERIFY(pasted < most && sent < most && replied < most);
     }
 

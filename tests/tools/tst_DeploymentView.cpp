@@ -3,9 +3,9 @@
 #include "support/ViewTest.h"
 
 #include <QClipboard>
-#include <QElapsedTimer>
 #include <QGuiApplication>
 #include <QTest>
+#include <QTextOption>
 
 #include <cmath>
 
@@ -265,13 +265,12 @@ private slots:
         m_window->click(prompt());
         QGuiApplication::clipboard()->setText(QString(400'000, u'x'));
         m_window->press(Qt::Key_A, Qt::ControlModifier);
-        QElapsedTimer watch;
-        watch.start();
+        QCOMPARE(prompt()->property("wrapMode").toInt(), int(QTextOption::WrapAtWordBoundaryOrAnywhere));
         m_window->press(Qt::Key_V, Qt::ControlModifier);
         m_view->grabWindow();
         QCOMPARE(prompt()->property("text").toString().size(), 400'000);
         // Broken at words first the lines take ten times as long.
-        QVERIFY2(watch.elapsed() < 3000, qPrintable(QString::number(watch.elapsed())));
+        QCOMPARE(prompt()->property("wrapMode").toInt(), int(QTextOption::WrapAnywhere));
     }
 
     void forgetsEverythingWhenItIsLeft()

@@ -91,7 +91,7 @@ private:
         };
         switch (wait) {
         case Fault::Wait::No:
-            return eventually([&] { return call.hasEnded(); }, 20s);
+            return eventually([&] { return call.hasEnded(); });
         case Fault::Wait::AMinute:
             // Each byte of the request begins the minute anew.
             if (!isUnderWay() || !isThere()) {

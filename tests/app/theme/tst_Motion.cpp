@@ -2,6 +2,7 @@
 #include "platform/Environment.h"
 #include "support/BareBus.h"
 #include "support/SettingsPortal.h"
+#include "support/Waiting.h"
 
 #include <QDBusConnection>
 #include <QSignalSpy>
@@ -11,6 +12,7 @@
 
 using namespace Qt::StringLiterals;
 using quillmere::testing::BareBus;
+using quillmere::testing::eventually;
 using quillmere::testing::SettingsPortal;
 
 namespace quillmere {
@@ -57,7 +59,7 @@ private slots:
         const Environment environment;
         const Motion motion;
         QSignalSpy changed(&motion, &Motion::changed);
-        QVERIFY(changed.wait());
+        QVERIFY(eventually([&] { return !changed.isEmpty(); }));
         QCOMPARE(Motion::standard(), 0);
         QCOMPARE(Motion::brief(), 0);
         QCOMPARE(Motion::popup(), 0);
