@@ -56,6 +56,7 @@ Item {
         color: "white"
         elide: Text.ElideMiddle
         maximumLineCount: 1
+        horizontalAlignment: Text.AlignLeft
         Accessible.ignored: true
     }
 

@@ -27,7 +27,7 @@ namespace {
 // Letters typed within this time of the last ones belong to the same name.
 constexpr std::chrono::milliseconds sameName{1000};
 
-// What was found under a path.
+// What was found under a path: a folder, a file, or why neither can be shown.
 struct Found {
     QString folder;
     QList<FileEntry> entries;
@@ -75,14 +75,23 @@ Found find(const QString &path, const QList<QString> &mimeTypes)
         }
         return {{}, {}, QCoreApplication::translate("FileDialog", "A file of this type cannot be chosen."), {}};
     }
-    Found found{QDir::cleanPath(path), {}, {}, {}};
     // Qt says only that it saw nothing, not why.
     if (::access(QFile::encodeName(path).constData(), R_OK | X_OK) < 0) {
-        found.problem = qt_error_string(errno);
-    } else if (!file.isDir()) {
-        found.problem = QCoreApplication::translate("FileDialog", "This is no folder and no file.");
-    } else {
-        found.entries = entriesOf(path, mimeTypes);
+        return {{}, {}, qt_error_string(errno), {}};
+    }
+    if (!file.isDir()) {
+        return {{}, {}, QCoreApplication::translate("FileDialog", "This is no folder and no file."), {}};
+    }
+    return {QDir::cleanPath(path), entriesOf(path, mimeTypes), {}, {}};
+}
+
+// The folder that the dialog was left in, or the home folder where there was none or it has gone.
+Found findFirst(const QString &left, const QList<QString> &mimeTypes)
+{
+    Found found = QFileInfo(left).isDir() ? find(left, mimeTypes) : Found();
+    if (found.folder.isEmpty()) {
+        found = find(QDir::homePath(), mimeTypes);
+        found.folder = QDir::homePath();
     }
     return found;
 }
@@ -114,7 +123,8 @@ QCoro::Task<Result<QList<QUrl>>> FileDialog::pick(FileRequest request)
     m_entries.setRecords({});
     m_problem.clear();
     emit changed();
-    show(m_folder.isEmpty() ? QDir::homePath() : m_folder);
+    m_isListed = false;
+    show(m_folder);
     const QList<QUrl> picked = co_await answer;
     co_return picked;
 }
@@ -171,7 +181,7 @@ QCoro::Task<> FileDialog::show(QString path, QString cameFrom)
 {
     const QPointer<FileDialog> self(this);
     const quint64 turn = ++m_turn;
-    const QFuture<Found> finding = QtConcurrent::run(find, path, m_request.mimeTypes);
+    const QFuture<Found> finding = QtConcurrent::run(m_isListed ? find : findFirst, path, m_request.mimeTypes);
     const Found found = co_await finding;
     if (!self || !isUp() || turn != m_turn) {
         co_return;
@@ -186,6 +196,7 @@ QCoro::Task<> FileDialog::show(QString path, QString cameFrom)
         co_return;
     }
     m_folder = found.folder;
+    m_isListed = true;
     m_sought.clear();
     m_entries.setRecords(found.entries);
     emit changed();

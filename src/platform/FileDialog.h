@@ -31,7 +31,7 @@ struct FileEntry {
 
 // The dialog within the window in which one file is picked, for where the desktop has none: the folder it shows, with its folders
 // first and then its files of the types asked for. Folders are looked into on a worker. The first time it shows the home folder,
-// later the one where it was left.
+// later the one where it was left, if that can still be shown.
 class FileDialog : public QObject {
     Q_OBJECT
     QML_ELEMENT
@@ -41,8 +41,8 @@ class FileDialog : public QObject {
     Q_PROPERTY(QString title READ title NOTIFY changed)
     Q_PROPERTY(QString typesName READ typesName NOTIFY changed)
     Q_PROPERTY(QString folder READ folder NOTIFY changed)
-    Q_PROPERTY(
-        QString problem READ problem NOTIFY changed) // why the folder cannot be shown, or the typed file not be picked
+    // Why what was asked for last can neither be shown nor picked. The dialog stays in its folder then.
+    Q_PROPERTY(QString problem READ problem NOTIFY changed)
     Q_PROPERTY(QAbstractItemModel *entries READ entries CONSTANT)
 
 public:
@@ -89,6 +89,7 @@ private:
 
     FileRequest m_request;
     QString m_folder;
+    bool m_isListed = false; // since the dialog is up
     QString m_problem;
     RecordListModel<FileEntry> m_entries;
     QString m_sought; // in this folder

@@ -48,6 +48,14 @@ private slots:
         QCOMPARE(m_window->field(u"Folder or file"_s)->property("text").toString(), m_folder->path());
     }
 
+    void beginsANameFromRightToLeftAtTheLeftToo()
+    {
+        QVERIFY(QFile::rename(m_folder->filePath(u"gamma.txt"_s), m_folder->filePath(u"שלום.txt"_s)));
+        opens();
+        const QQuickItem *name = m_window->text(u"שלום.txt"_s);
+        QCOMPARE(name->property("effectiveHorizontalAlignment").toInt(), int(Qt::AlignLeft));
+    }
+
     void picksByADoubleClick()
     {
         opens();
@@ -130,7 +138,9 @@ private slots:
         m_window->type(u"nowhere"_s);
         m_window->press(Qt::Key_Return);
         QTRY_VERIFY(m_window->shows(u"No such file or directory"_s));
-        m_window->click(path);
+        // It stays where it is, and the keyboard in what is to be put right.
+        QCOMPARE(names().size(), 4);
+        QVERIFY(path->hasActiveFocus());
         m_window->press(Qt::Key_A, Qt::ControlModifier);
         m_window->type(u"~/alpha.json"_s);
         m_window->press(Qt::Key_Return);

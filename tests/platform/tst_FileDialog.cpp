@@ -160,13 +160,14 @@ private slots:
         QCOMPARE(names(), QStringList(u"a.json"_s));
     }
 
-    void saysWhyAFolderCannotBeShown()
+    void saysWhyAFolderCannotBeShownAndStays()
     {
         write(u"a.json"_s);
         opens();
-        goes([this] { dialog().goTo(u"/nowhere"_s); });
-        QCOMPARE(dialog().problem(), u"No such file or directory"_s);
-        QVERIFY(names().isEmpty());
+        dialog().goTo(u"/nowhere"_s);
+        QVERIFY(eventually([] { return dialog().problem() == u"No such file or directory"_s; }));
+        QCOMPARE(dialog().folder(), m_folder->path());
+        QCOMPARE(names(), QStringList(u"a.json"_s));
         goes([this] { dialog().goTo(u"~"_s); });
         QVERIFY(dialog().problem().isEmpty());
     }
@@ -227,6 +228,23 @@ private slots:
         dialog().close();
         opens();
         QCOMPARE(dialog().folder(), m_folder->filePath(u"one"_s));
+    }
+
+    void comesBackToTheHomeFolderWhereThatOneHasGone()
+    {
+        QDir(m_folder->path()).mkdir(u"one"_s);
+        opens();
+        goes([this] { dialog().open(0); });
+        dialog().close();
+        QVERIFY(QDir(m_folder->path()).rmdir(u"one"_s));
+        // A file in its place is not picked either.
+        write(u"one"_s);
+        write(u"a.json"_s);
+        opens();
+        QCOMPARE(dialog().folder(), m_folder->path());
+        QVERIFY(names().contains(u"a.json"_s));
+        QVERIFY(dialog().problem().isEmpty());
+        QVERIFY(dialog().isUp());
     }
 
     void showsTheLastFolderAskedFor()

@@ -61,6 +61,7 @@ Card {
                     font: Theme.bodyMediumFont
                     color: "white"
                     elide: Text.ElideRight
+                    horizontalAlignment: Text.AlignLeft
                 }
 
                 Label {

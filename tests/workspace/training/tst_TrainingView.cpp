@@ -284,6 +284,14 @@ private slots:
         QVERIFY(placeOf(card).contains(placeOf(m_window->symbol(u"arrow.right.circle"_s, card))));
     }
 
+    void beginsANameFromRightToLeftAtTheLeftToo()
+    {
+        opensWith('[' + job("1", "running", "שלום עולם") + ']');
+        QVERIFY(eventually([this] { return cards().size() == 1; }));
+        const QQuickItem *name = m_window->text(u"שלום עולם"_s, cards().constFirst());
+        QCOMPARE(name->property("effectiveHorizontalAlignment").toInt(), int(Qt::AlignLeft));
+    }
+
     void showsANameOfManyLinesInOne()
     {
         opensWith('[' + job("1", "running", QByteArray("Line\\n").repeated(200'000)) + ',' + job("2", "failed") + ']');
