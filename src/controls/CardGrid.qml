@@ -23,14 +23,8 @@ GridView {
     }
 
     // For one that leaves the list, until it is used again: nobody reaches it, and the keyboard stays here.
-    function retire(row: Item) {
-        const focused = Window.activeFocusItem;
-        for (let item = focused; item; item = item.parent) {
-            if (item === row) {
-                focused.focus = false;
-                break;
-            }
-        }
+    function retire(row) {
+        Keyboard.leave(row);
         row.visible = false;
     }
 

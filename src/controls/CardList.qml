@@ -15,14 +15,8 @@ ListView {
     }
 
     // For one that leaves the list, until it is used again: nobody reaches it, and the keyboard stays here.
-    function retire(row: Item) {
-        const focused = Window.activeFocusItem;
-        for (let item = focused; item; item = item.parent) {
-            if (item === row) {
-                focused.focus = false;
-                break;
-            }
-        }
+    function retire(row) {
+        Keyboard.leave(row);
         row.visible = false;
     }
 

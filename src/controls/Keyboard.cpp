@@ -5,6 +5,7 @@
 #include <QCoreApplication>
 #include <QKeyEvent>
 #include <QQmlEngine>
+#include <QQuickWindow>
 
 namespace quillmere {
 
@@ -32,6 +33,16 @@ Keyboard *Keyboard::create(QQmlEngine *, QJSEngine *)
 Keyboard::Keyboard()
 {
     QCoreApplication::instance()->installEventFilter(this);
+}
+
+bool Keyboard::leave(QQuickItem *item)
+{
+    QQuickItem *focused = item->window() ? item->window()->activeFocusItem() : nullptr;
+    if (!focused || (focused != item && !item->isAncestorOf(focused))) {
+        return false;
+    }
+    focused->setFocus(false);
+    return true;
 }
 
 bool Keyboard::eventFilter(QObject *, QEvent *event)

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <QObject>
+#include <QQuickItem>
 #include <QtQml/qqmlregistration.h>
 
 class QJSEngine;
@@ -22,6 +22,9 @@ public:
     static Keyboard *create(QQmlEngine *, QJSEngine *);
 
     bool isInUse() const { return m_inUse; }
+
+    // Where the item or something in it has the keyboard, the focus scope around gets it. Whether that was so.
+    Q_INVOKABLE static bool leave(QQuickItem *item);
 
     bool eventFilter(QObject *watched, QEvent *event) override;
 

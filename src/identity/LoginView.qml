@@ -111,6 +111,12 @@ Rectangle {
             BrowserPanel {
                 anchors.horizontalCenter: parent.horizontalCenter
                 visible: BrowserSession.waiting
+                // With the keyboard in it, that goes back to the step.
+                onVisibleChanged: {
+                    if (!visible && Keyboard.leave(this)) {
+                        (emailStep.isCurrent ? emailStep : authenticatorStep).initialFocus.forceActiveFocus();
+                    }
+                }
             }
 
             FailureLine {

@@ -486,6 +486,37 @@ private slots:
         QCOMPARE(field->property("text").toString(), u""_s);
     }
 
+    void takesTheKeyboardBackFromThePanel_data()
+    {
+        QTest::addColumn<bool>("isPasted");
+        QTest::newRow("cancelled") << false;
+        QTest::newRow("ended by what was pasted") << true;
+    }
+    void takesTheKeyboardBackFromThePanel()
+    {
+        QFETCH(bool, isPasted);
+        opensTheBrowser();
+        if (isPasted) {
+            m_window->click(addressField());
+            m_window->type(u"com.quillmere.studio://callback"_s);
+        } else {
+            m_window->button(u"Cancel"_s)->forceActiveFocus(Qt::TabFocusReason);
+        }
+        m_window->press(Qt::Key_Return);
+        QVERIFY(eventually([this] { return m_window->all(u"BrowserPanel"_s).isEmpty(); }));
+        QVERIFY(codeField()->hasActiveFocus());
+    }
+
+    void leavesTheKeyboardWhereItIsWhenThePanelGoes()
+    {
+        opensTheBrowser();
+        QQuickItem *back = m_window->button(u"← Back to Email"_s);
+        back->forceActiveFocus(Qt::TabFocusReason);
+        BrowserSession::shared().cancel();
+        QVERIFY(eventually([this] { return m_window->all(u"BrowserPanel"_s).isEmpty(); }));
+        QVERIFY(back->hasActiveFocus());
+    }
+
     // Composition
 
     void dividesTheScreenIntoTwoHalves()

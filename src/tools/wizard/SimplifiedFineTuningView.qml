@@ -13,7 +13,7 @@ Rectangle {
 
     // A button that goes hands the keyboard to the step that came, from which Tab goes on.
     function keepKeyboard(button) {
-        if (!button.visible && button.activeFocus) {
+        if (!button.visible && Keyboard.leave(button)) {
             body.forceActiveFocus(Qt.OtherFocusReason);
         }
     }
