@@ -3,6 +3,7 @@
 #include "app/SidebarItem.h"
 #include "identity/AuthManager.h"
 #include "platform/Alerts.h"
+#include "support/AnimationTime.h"
 #include "support/CapturedOutput.h"
 #include "support/TestEnvironment.h"
 #include "support/Window.h"
@@ -123,6 +124,7 @@ private slots:
     void letsTheSplashGrowAndFadeIn()
     {
         m_world->environment.animations = true;
+        AnimationTime time;
         m_studio = std::make_unique<Quillmere_StudioApp>();
         QVERIFY(m_studio->open());
         const auto findStack = [this] {
@@ -151,7 +153,7 @@ private slots:
         QVERIFY(1 - easing.valueForProgress(0.75) < 0.1);
 
         double last = 0;
-        QVERIFY(eventually([&] {
+        QVERIFY(time.passesUntil([&] {
             // Both go together, and never back.
             const bool grows =
                 stack->opacity() >= last && qAbs(stack->scale() - (0.85 + 0.15 * stack->opacity())) < 1e-9;

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "support/Waiting.h"
+
 #include <QAnimationDriver>
 
 namespace quillmere::testing {
@@ -17,6 +19,26 @@ public:
     {
         m_elapsed += milliseconds;
         QAnimationDriver::advance();
+    }
+    // Frame after frame until the condition holds; false when it does not come to that.
+    template <typename Condition> bool passesUntil(Condition condition)
+    {
+        constexpr qint64 frame = 16;
+        return eventually([&] {
+            if (condition()) {
+                return true;
+            }
+            pass(frame);
+            return false;
+        });
+    }
+
+protected:
+    // Told when there is something to move again, which counts from here.
+    void start() override
+    {
+        m_elapsed = 0;
+        QAnimationDriver::start();
     }
 
 private:

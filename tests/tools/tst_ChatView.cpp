@@ -1,5 +1,6 @@
 #include "app/theme/Color.h"
 #include "app/theme/Theme.h"
+#include "support/AnimationTime.h"
 #include "support/ViewTest.h"
 
 #include <QClipboard>
@@ -404,11 +405,11 @@ private slots:
     void goesToItsEndOnTheDefaultCurve()
     {
         m_world->environment.animations = true;
+        AnimationTime time;
         open();
         for (int i = 0; i < 20; ++i) {
             say(u"short"_s);
         }
-        QVERIFY(eventually([this] { return isAtEnd(); }));
         QObject *travel = nullptr;
         for (QObject *child : list()->findChildren<QObject *>()) {
             if (child->inherits("QQuickNumberAnimation") && child->property("property") == u"contentY"_s) {
@@ -418,7 +419,8 @@ private slots:
         QVERIFY(travel);
         QCOMPARE(travel->property("duration").toInt(), 350);
         QCOMPARE(travel->property("easing").value<QEasingCurve>().type(), QEasingCurve::InOutQuad);
-        QVERIFY(eventually([&] { return !travel->property("running").toBool(); }));
+        QVERIFY(time.passesUntil([&] { return !travel->property("running").toBool(); }));
+        QVERIFY(isAtEnd());
 
         const double start = list()->property("contentY").toDouble();
         say(u"one more"_s);
@@ -426,7 +428,7 @@ private slots:
         QVERIFY(!isAtEnd());
         double last = start;
         bool between = false;
-        QVERIFY(eventually([&] {
+        QVERIFY(time.passesUntil([&] {
             const double now = list()->property("contentY").toDouble();
             const bool back = now < last;
             last = now;

@@ -1,5 +1,6 @@
 #include "app/theme/Color.h"
 #include "platform/Environment.h"
+#include "support/AnimationTime.h"
 #include "support/ViewTest.h"
 #include "tools/agents/AgentsState.h"
 
@@ -266,10 +267,11 @@ private slots:
     void addsOneNodeHoweverOftenAnEntryIsPressed()
     {
         m_world->environment.animations = true;
+        AnimationTime time;
         open();
         click(u"Add Node"_s);
         const auto isListed = [this] { return m_window->control(QAccessible::MenuItem, u"Router"_s) != nullptr; };
-        QVERIFY(eventually(isListed));
+        QVERIFY(time.passesUntil(isListed));
         const QPoint entry = placeOf(m_window->control(QAccessible::MenuItem, u"Router"_s)).center().toPoint();
         QTest::mouseClick(m_view.get(), Qt::LeftButton, {}, entry);
         QTest::mouseClick(m_view.get(), Qt::LeftButton, {}, entry);
@@ -829,19 +831,20 @@ private slots:
     void slidesTheInspectorInAndOut()
     {
         m_world->environment.animations = true;
+        AnimationTime time;
         open();
         m_window->click(node(0));
-        QVERIFY(eventually([&] {
+        QVERIFY(time.passesUntil([&] {
             return inspector() && placeOf(inspector()).left() > viewSize.width() - inspectorWidth
                 && placeOf(inspector()).left() < viewSize.width();
         }));
-        QVERIFY(eventually([&] { return placeOf(inspector()).left() == viewSize.width() - inspectorWidth; }));
+        QVERIFY(time.passesUntil([&] { return placeOf(inspector()).left() == viewSize.width() - inspectorWidth; }));
         clickAt({300, 500});
         // On its way out it still shows the node, and cannot be used any more.
-        QVERIFY(eventually([&] { return inspector() && placeOf(inspector()).left() > viewSize.width() - 200; }));
+        QVERIFY(time.passesUntil([&] { return inspector() && placeOf(inspector()).left() > viewSize.width() - 200; }));
         QCOMPARE(m_window->field(u"Name"_s)->property("text").toString(), u"Webhook Trigger"_s);
         QVERIFY(!inspector()->isEnabled());
-        QVERIFY(eventually([&] { return !inspector(); }));
+        QVERIFY(time.passesUntil([&] { return !inspector(); }));
     }
 
     // Keyboard and assistive programs.

@@ -1,4 +1,5 @@
 #include "identity/AuthManager.h"
+#include "support/AnimationTime.h"
 #include "support/ViewTest.h"
 #include "workspace/models/ModelsViewModel.h"
 
@@ -625,13 +626,14 @@ private slots:
     void easesIntoTheLift()
     {
         m_world->environment.animations = true;
+        AnimationTime time;
         opensWith('[' + model("a", "First") + ']');
         QVERIFY(eventually([this] { return cards().size() == 1; }));
         auto *card = cards().constFirst();
         QSignalSpy steps(card, &QQuickItem::scaleChanged);
         m_window->hover(card);
         QVERIFY(card->scale() < 1.01);
-        QVERIFY(eventually([&] { return card->scale() == 1.01; }));
+        QVERIFY(time.passesUntil([&] { return card->scale() == 1.01; }));
         QVERIFY(steps.size() > 1);
     }
 

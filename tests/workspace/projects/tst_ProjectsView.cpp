@@ -1,3 +1,4 @@
+#include "support/AnimationTime.h"
 #include "support/ViewTest.h"
 #include "workspace/projects/ProjectsViewModel.h"
 
@@ -218,13 +219,14 @@ private slots:
     void easesIntoTheLiftOver15Hundredths()
     {
         m_world->environment.animations = true;
+        AnimationTime time;
         open();
         load();
         auto *card = cards().first();
         QSignalSpy steps(card, &QQuickItem::scaleChanged);
         m_window->hover(card);
         QVERIFY(card->scale() < 1.02);
-        QVERIFY(eventually([&] { return card->scale() == 1.02; }));
+        QVERIFY(time.passesUntil([&] { return card->scale() == 1.02; }));
         QVERIFY(steps.size() > 1);
     }
 
@@ -502,33 +504,35 @@ private slots:
     void createsOneProjectHoweverOftenItsButtonIsPressed()
     {
         m_world->environment.animations = true;
+        AnimationTime time;
         open();
         load();
         openSheet();
-        QVERIFY(eventually([&] { return m_window->button(u"Create Project"_s) != nullptr; }));
+        QVERIFY(time.passesUntil([&] { return m_window->button(u"Create Project"_s) != nullptr; }));
         m_window->type(u"Mine"_s);
         auto *button = m_window->button(u"Create Project"_s);
         m_window->click(button);
         // It still fades away.
         QVERIFY(sheet());
         m_window->click(button);
-        QVERIFY(eventually([&] { return !sheet(); }));
+        QVERIFY(time.passesUntil([&] { return !sheet(); }));
         QCOMPARE(m_view->rootObject()->findChild<ProjectsViewModel *>()->projects().size(), 4);
     }
 
     void createsNothingWhileTheSheetFadesAwayByEscape()
     {
         m_world->environment.animations = true;
+        AnimationTime time;
         open();
         load();
         openSheet();
-        QVERIFY(eventually([&] { return m_window->button(u"Create Project"_s) != nullptr; }));
+        QVERIFY(time.passesUntil([&] { return m_window->button(u"Create Project"_s) != nullptr; }));
         m_window->type(u"Mine"_s);
         auto *button = m_window->button(u"Create Project"_s);
         m_window->press(Qt::Key_Escape);
         QVERIFY(sheet());
         m_window->click(button);
-        QVERIFY(eventually([&] { return !sheet(); }));
+        QVERIFY(time.passesUntil([&] { return !sheet(); }));
         QCOMPARE(m_view->rootObject()->findChild<ProjectsViewModel *>()->projects().size(), 3);
     }
 
