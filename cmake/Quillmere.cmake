@@ -107,7 +107,7 @@ endfunction()
 function(quillmere_test name)
     cmake_parse_arguments(arg "" "TIMEOUT" "WITH;SOURCES;LINK;LABELS" ${ARGN})
     if(NOT arg_TIMEOUT)
-        set(arg_TIMEOUT 120)
+        set(arg_TIMEOUT 300)
     endif()
     quillmere_program(${name} SOURCES ${name}.cpp ${arg_SOURCES} LINK Qt6::Test ${arg_LINK})
     set(around)
@@ -122,9 +122,7 @@ function(quillmere_test name)
     endif()
     if(QUILLMERE_SANITIZE)
         math(EXPR arg_TIMEOUT "${arg_TIMEOUT} * 5")
-        # Qt's libraries have no frame pointers, and the known leaks are told by what stands deep in the stack.
-        list(APPEND environment ASAN_OPTIONS=fast_unwind_on_malloc=0
-            LSAN_OPTIONS=print_suppressions=0:suppressions=${PROJECT_SOURCE_DIR}/tests/support/known-leaks
+        list(APPEND environment LSAN_OPTIONS=print_suppressions=0:suppressions=${PROJECT_SOURCE_DIR}/tests/support/known-leaks
             # Qt is not instrumented: what it does to memory that two threads use is out of the sanitizer's sight.
             TSAN_OPTIONS=ignore_noninstrumented_modules=1:die_after_fork=0:allocator_may_return_null=1)
     endif()
