@@ -3,6 +3,7 @@
 #include "app/LifecycleManager.h"
 #include "app/UpdateManager.h"
 #include "app/theme/Theme.h"
+#include "controls/Keyboard.h"
 #include "platform/ApplicationId.h"
 #include "platform/BrowserSession.h"
 #include "platform/Console.h"
@@ -73,6 +74,8 @@ Quillmere_StudioApp::~Quillmere_StudioApp() = default;
 
 bool Quillmere_StudioApp::open()
 {
+    // It sees the keys from the first one on; QML would ask for it when the first control has the focus already.
+    Keyboard::shared();
     m_engine.load(QUrl(u"qrc:/qt/qml/Quillmere/App/MainWindow.qml"_s));
     if (m_engine.rootObjects().isEmpty()) {
         return false;

@@ -164,6 +164,25 @@ private slots:
         QCOMPARE(stack->scale(), 1.0);
     }
 
+    void showsWhereTheKeyboardIsFromTheFirstTabOn_data()
+    {
+        QTest::addColumn<bool>("signedIn");
+        QTest::newRow("login") << false;
+        QTest::newRow("main window") << true;
+    }
+    void showsWhereTheKeyboardIsFromTheFirstTabOn()
+    {
+        QFETCH(bool, signedIn);
+        if (signedIn) {
+            opensSignedIn();
+        } else {
+            opensPastTheSplash();
+            m_window->type(u"ada@example.org"_s);
+        }
+        m_window->press(Qt::Key_Tab);
+        QVERIFY(m_studio->window()->activeFocusItem()->property("visualFocus").toBool());
+    }
+
     void showsTheLoginScreenWithoutAToken_data()
     {
         QTest::addColumn<bool>("hasEmptyToken");
