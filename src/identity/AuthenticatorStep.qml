@@ -45,18 +45,8 @@ LoginStepColumn {
             label: qsTr("Authenticator Code")
             placeholder: "123456"
             font: Theme.monospaced(20, Font.Medium)
-            text: step.viewModel.authenticatorCode
-            onTextEdited: {
-                if (text === step.viewModel.authenticatorCode) {
-                    return;
-                }
-                if (step.isCurrent) {
-                    step.viewModel.authenticatorCode = text;
-                } else {
-                    // An assistive program may still know the field.
-                    text = Qt.binding(() => step.viewModel.authenticatorCode);
-                }
-            }
+            value: step.viewModel.authenticatorCode
+            onTyped: text => step.viewModel.authenticatorCode = text
             onAccepted: step.viewModel.submitCode()
         }
 

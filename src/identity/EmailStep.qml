@@ -33,18 +33,8 @@ LoginStepColumn {
             label: qsTr("Email")
             placeholder: qsTr("ada@example.org")
             font: Theme.system(14)
-            text: step.viewModel.email
-            onTextEdited: {
-                if (text === step.viewModel.email) {
-                    return;
-                }
-                if (step.isCurrent) {
-                    step.viewModel.email = text;
-                } else {
-                    // An assistive program may still know the field.
-                    text = Qt.binding(() => step.viewModel.email);
-                }
-            }
+            value: step.viewModel.email
+            onTyped: text => step.viewModel.email = text
             onAccepted: step.viewModel.submitEmail()
         }
 

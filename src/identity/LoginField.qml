@@ -1,4 +1,4 @@
-// A field of the sign-in form, outlined, that hands out its text as it stands.
+// A field of the sign-in form, outlined: it shows what its owner holds, and hands out what becomes of that as it stands.
 import QtQuick
 import Quillmere.Controls
 import Quillmere.Theme
@@ -8,11 +8,10 @@ FocusScope {
 
     required property string label
     required property string placeholder
-    property alias text: input.text
+    required property string value
     property alias font: input.font
 
-    // The text has become another, whoever changed it: a hand, an assistive program, or the owner.
-    signal textEdited
+    signal typed(text: string)
     signal accepted
 
     implicitHeight: input.implicitHeight + 28
@@ -34,7 +33,18 @@ FocusScope {
         focus: true
         label: field.label
         placeholderText: field.placeholder
-        onTextChanged: field.textEdited()
+        text: field.value
+        onTextChanged: {
+            if (text === field.value) {
+                return;
+            }
+            if (field.enabled) {
+                field.typed(text);
+            } else {
+                // An assistive program may still know the field of a step that is over.
+                text = Qt.binding(() => field.value);
+            }
+        }
         onAccepted: field.accepted()
     }
 }
