@@ -1,5 +1,7 @@
 #pragma once
 
+#include "controls/RestingCaret.h"
+
 #include <QObject>
 #include <QQmlApplicationEngine>
 
@@ -36,6 +38,7 @@ private:
     // What the first frame does not show.
     void goOn();
 
+    RestingCaret m_caret;
     QQmlApplicationEngine m_engine;
 };
 

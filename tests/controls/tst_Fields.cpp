@@ -1,10 +1,15 @@
+#include "controls/RestingCaret.h"
 #include "controls/Scene.h"
+#include "support/Waiting.h"
 
 #include <QGuiApplication>
 #include <QInputMethodEvent>
 #include <QStyleHints>
 
 using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
+using quillmere::RestingCaret;
+using quillmere::testing::eventually;
 using quillmere::testing::Scene;
 
 class tst_Fields : public QObject {
@@ -27,6 +32,8 @@ private slots:
     void handsItsTextInByReturnWhereToldSo();
     void tellsOfEveryEdit();
     void takesAClickBelowItsText();
+    void letsTheCaretRestWhenNobodyTypes_data();
+    void letsTheCaretRestWhenNobodyTypes();
 };
 
 void tst_Fields::takesWhatIsTypedAndTellsItsOwner_data()
@@ -238,6 +245,44 @@ void tst_Fields::takesAClickBelowItsText()
     QTest::mouseClick(&scene.view, Qt::LeftButton, {}, QPoint(100, int(scene.item(u"it"_s)->height()) - 3));
     scene.type(u"s"_s);
     QVERIFY(scene.item(u"it"_s)->property("text").toString().contains(u's'));
+}
+
+void tst_Fields::letsTheCaretRestWhenNobodyTypes_data()
+{
+    QTest::addColumn<QString>("field");
+    QTest::newRow("one line") << u"PlainField { label: \"A\"; objectName: \"it\"; width: 200 }"_s;
+    QTest::newRow("several lines") << u"GrowingField { label: \"A\"; objectName: \"it\" }"_s;
+}
+
+void tst_Fields::letsTheCaretRestWhenNobodyTypes()
+{
+    QFETCH(QString, field);
+    QStyleHints *hints = QGuiApplication::styleHints();
+    const auto asBefore = qScopeGuard([hints] { hints->setCursorFlashTime(-1); });
+    hints->setCursorFlashTime(20);
+    Scene scene(field);
+    const RestingCaret caret;
+    const QImage without = scene.view.grabWindow();
+    const auto showsACaret = [&] { return scene.view.grabWindow() != without; };
+
+    scene.click(u"it"_s);
+    QVERIFY(eventually(showsACaret));
+    QVERIFY(eventually([&] { return !showsACaret(); }));
+    scene.clock.advance(9'999ms);
+    QCOMPARE(hints->cursorFlashTime(), 20);
+    scene.clock.advance(1ms);
+    QCOMPARE(hints->cursorFlashTime(), 0);
+    QVERIFY(showsACaret());
+
+    // Each key begins it anew.
+    scene.press(Qt::Key_Left);
+    QCOMPARE(hints->cursorFlashTime(), 20);
+    scene.clock.advance(6s);
+    scene.press(Qt::Key_Left);
+    scene.clock.advance(6s);
+    QVERIFY(eventually([&] { return !showsACaret(); }));
+    scene.clock.advance(4s);
+    QCOMPARE(hints->cursorFlashTime(), 0);
 }
 
 QTEST_MAIN(tst_Fields)
