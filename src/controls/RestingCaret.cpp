@@ -4,6 +4,7 @@
 
 #include <QEvent>
 #include <QGuiApplication>
+#include <QQuickItem>
 #include <QStyleHints>
 
 namespace quillmere {
@@ -19,8 +20,13 @@ RestingCaret::~RestingCaret()
     QGuiApplication::styleHints()->setCursorFlashTime(m_flashTime);
 }
 
-bool RestingCaret::eventFilter(QObject *, QEvent *event)
+bool RestingCaret::eventFilter(QObject *watched, QEvent *event)
 {
+    const auto *item = qobject_cast<QQuickItem *>(watched);
+    const bool isField = item && item->flags().testFlag(QQuickItem::ItemAcceptsInputMethod);
+    if (!isField) {
+        return false;
+    }
     switch (event->type()) {
     case QEvent::FocusIn:
     case QEvent::InputMethod:

@@ -6,9 +6,8 @@
 
 namespace quillmere {
 
-// Lets the caret stand still once nothing has been typed, pressed or focused for ten seconds, as GTK does (its setting
-// gtk-cursor-blink-timeout), so that a window that nobody touches draws nothing. It watches all of the application, from its making
-// on.
+// Lets the caret stand still ten seconds after the last key, press or focus that a field got, as GTK does (its setting
+// gtk-cursor-blink-timeout), so that a window that nobody touches draws nothing. It watches the fields of the whole application.
 class RestingCaret : public QObject {
     Q_OBJECT
 
