@@ -18,6 +18,7 @@ class tst_SmallCharts : public QObject {
 
 private slots:
     void fillsTheRingClockwiseFromTheTop();
+    void halvesTheRingUpright();
     void isAsThickAsTold();
     void fillsTheRingToItsFraction_data();
     void fillsTheRingToItsFraction();
@@ -86,6 +87,26 @@ void tst_SmallCharts::fillsTheRingClockwiseFromTheTop()
     QVERIFY(isLike(picture.at(item, onRing(60, 4, 180)), track));
     QVERIFY(isLike(picture.at(item, onRing(60, 4, -110)), track));
     QCOMPARE(picture.at(item, {30, 30}), QColor(Qt::black));
+}
+
+void tst_SmallCharts::halvesTheRingUpright()
+{
+    Picture picture(
+        u"RingGauge { objectName: \"it\"; x: 50; y: 50; width: 180; height: 180; color: \"#32d74b\"; fraction: 0.5 }"_s);
+    const QImage image = picture.grab();
+    const auto leftmost = [&image](int top, int bottom) {
+        for (int x = 0; x < image.width(); ++x) {
+            for (int y = top; y < bottom; ++y) {
+                if (isLike(image.pixelColor(x, y), Color::green(), 30)) {
+                    return x;
+                }
+            }
+        }
+        return -1;
+    };
+    QVERIFY(leftmost(50, 140) > 130);
+    // A ring that is turned by one degree has its ends three points apart.
+    QVERIFY(std::abs(leftmost(50, 140) - leftmost(140, 230)) <= 1);
 }
 
 void tst_SmallCharts::isAsThickAsTold()

@@ -21,6 +21,8 @@ private slots:
     void scrollsByKeysFromWhateverHasTheFocusInside();
     void showsWhatTheKeyboardComesTo_data();
     void showsWhatTheKeyboardComesTo();
+    void isWalkedThroughInReadingOrder_data();
+    void isWalkedThroughInReadingOrder();
     void staysWhereItIsUnderThePointer();
     void takesTheFocusOnlyWhereThereIsSomethingToScroll();
     void showsItsBarWhileThePointerIsInside();
@@ -153,6 +155,31 @@ void tst_Panels::showsWhatTheKeyboardComesTo()
     QCOMPARE(contentY(scene), start + 72);
     scene.press(Qt::Key_Tab, Qt::ShiftModifier);
     QCOMPARE(focusedPlace(scene).top(), 12.0);
+}
+
+void tst_Panels::isWalkedThroughInReadingOrder_data()
+{
+    QTest::addColumn<Qt::Key>("key");
+    QTest::addColumn<QStringList>("places");
+    QTest::newRow("forward") << Qt::Key_Tab << QStringList{u"first"_s, u"beside"_s, u"below"_s};
+    QTest::newRow("back") << Qt::Key_Backtab << QStringList{u"below"_s, u"beside"_s, u"first"_s};
+}
+
+void tst_Panels::isWalkedThroughInReadingOrder()
+{
+    QFETCH(Qt::Key, key);
+    QFETCH(QStringList, places);
+    Scene scene(u"Item {\n"
+                "id: lines\n"
+                "PlainField { objectName: \"below\"; label: \"C\"; y: 100; width: 50 }\n"
+                "PlainField { objectName: \"beside\"; label: \"B\"; x: 100; width: 50 }\n"
+                "PlainField { objectName: \"first\"; label: \"A\"; width: 50 }\n"
+                "ReadingOrder { item: lines }\n"
+                "}"_s);
+    for (const QString &place : std::as_const(places)) {
+        scene.press(key);
+        QVERIFY2(scene.item(place)->hasActiveFocus(), qPrintable(place));
+    }
 }
 
 void tst_Panels::staysWhereItIsUnderThePointer()
