@@ -15,14 +15,11 @@
 #include <QTimer>
 
 #include <algorithm>
-#include <chrono>
 #include <csignal>
 #include <cstdio>
-#include <ctime>
 #include <memory>
 
 using namespace Qt::StringLiterals;
-using namespace std::chrono_literals;
 using quillmere::testing::BareBus;
 
 namespace quillmere {
@@ -317,13 +314,6 @@ private:
         }
     }
 
-    static std::chrono::nanoseconds timeOfThisThread()
-    {
-        timespec time{};
-        clock_gettime(CLOCK_THREAD_CPUTIME_ID, &time);
-        return std::chrono::seconds(time.tv_sec) + std::chrono::nanoseconds(time.tv_nsec);
-    }
-
 private slots:
     void init()
     {
@@ -480,22 +470,6 @@ private slots:
         m_store->remove(m_account);
         QCOMPARE(read(), u"absent"_s);
         QCOMPARE(keyring::itemCount(m_account.toStdString()), 0);
-    }
-
-    // Time of this thread's own, which a busy machine does not add to.
-    void takesNextToNoTimeOfTheCallingThread()
-    {
-        has(60, "one of many");
-        std::chrono::nanoseconds longest{};
-        for (int i = 0; i < 100; ++i) {
-            const auto before = timeOfThisThread();
-            m_store->save(QString(20'000, u'x'), m_account);
-            const Read read(*m_store, m_account);
-            m_store->remove(m_account);
-            longest = std::max(longest, timeOfThisThread() - before);
-        }
-        QCOMPARE(read(), u"absent"_s);
-        QVERIFY2(longest < 16ms, qPrintable(u"%1 ms"_s.arg(double(longest.count()) / 1e6)));
     }
 
     // Surroundings that do not work
