@@ -1,6 +1,7 @@
 #include "app/Tour.h"
 #include "support/PseudoTranslator.h"
 
+#include <QDirIterator>
 #include <QFile>
 #include <QJsonArray>
 #include <QJsonDocument>
@@ -101,6 +102,29 @@ private slots:
         m_count += seen;
         QVERIFY2(untranslated.isEmpty(), qPrintable(untranslated.join(u'\n')));
         QVERIFY(seen > 0);
+    }
+
+    // A text that is marked for the tools of translators under one context is looked up in another in vain.
+    void marksTextsInContextsThatAreLookedInto()
+    {
+        static const QRegularExpression mark(u"QT_TRANSLATE_NOOP\\(\"([\\w:]+)\""_s);
+        static const QRegularExpression look(u"(?:translate\\(\"|Q_DECLARE_TR_FUNCTIONS\\()([\\w:]+)"_s);
+        QSet<QString> marked;
+        QSet<QString> lookedInto = m_translator.contexts();
+        for (QDirIterator files(QStringLiteral(SOURCES), {u"*.cpp"_s}, QDir::Files, QDirIterator::Subdirectories);
+             files.hasNext();) {
+            QFile file(files.next());
+            QVERIFY(file.open(QIODevice::ReadOnly));
+            const QString source = QString::fromUtf8(file.readAll());
+            for (const auto &[pattern, contexts] : {std::pair(mark, &marked), std::pair(look, &lookedInto)}) {
+                for (auto matches = pattern.globalMatch(source); matches.hasNext();) {
+                    contexts->insert(matches.next().captured(1));
+                }
+            }
+        }
+        QVERIFY(marked.size() > 10);
+        const QStringList inVain = (marked - lookedInto).values();
+        QVERIFY2(inVain.isEmpty(), qPrintable(inVain.join(u' ')));
     }
 
 private:

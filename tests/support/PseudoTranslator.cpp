@@ -35,9 +35,10 @@ PseudoTranslator::~PseudoTranslator()
     QCoreApplication::removeTranslator(this);
 }
 
-QString PseudoTranslator::translate(const char *, const char *text, const char *, int) const
+QString PseudoTranslator::translate(const char *context, const char *text, const char *, int) const
 {
     const QString source = QString::fromUtf8(text);
+    m_contexts.insert(QString::fromUtf8(context));
     QString result = u"["_s;
     for (qsizetype i = 0; i < source.size(); ++i) {
         const QChar c = source[i];

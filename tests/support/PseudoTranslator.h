@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QSet>
 #include <QTranslator>
 
 namespace quillmere::testing {
@@ -18,11 +19,15 @@ public:
     bool isEmpty() const override { return false; }
     QString translate(const char *context, const char *text, const char *comment, int count) const override;
 
+    // Where texts were looked for so far.
+    const QSet<QString> &contexts() const { return m_contexts; }
+
     // What of a text has not come through the translation, places filled in included.
     static QString untranslatedPart(const QString &text);
 
 private:
     Script m_script;
+    mutable QSet<QString> m_contexts;
 };
 
 } // namespace quillmere::testing

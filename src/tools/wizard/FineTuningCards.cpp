@@ -21,14 +21,14 @@ struct Card {
 const Card &card(FineTuningVocabulary::DatasetOption option)
 {
     static const std::array<Card, 4> cards{{
-        {QT_TRANSLATE_NOOP("FineTuningCards", "Upload File"), QT_TRANSLATE_NOOP("FineTuningCards", "CSV, JSONL, TXT"),
-            "arrow.up.doc.fill", Color::blue()},
-        {QT_TRANSLATE_NOOP("FineTuningCards", "Sample Dataset"),
-            QT_TRANSLATE_NOOP("FineTuningCards", "Pre-loaded examples"), "doc.text.fill", Color::green()},
-        {QT_TRANSLATE_NOOP("FineTuningCards", "Import URL"), QT_TRANSLATE_NOOP("FineTuningCards", "Fetch from link"),
-            "link.circle.fill", Color::purple()},
-        {QT_TRANSLATE_NOOP("FineTuningCards", "Database"), QT_TRANSLATE_NOOP("FineTuningCards", "SQL, MongoDB"),
-            "cylinder.fill", Color::orange()},
+        {QT_TRANSLATE_NOOP("quillmere::FineTuningCards", "Upload File"),
+            QT_TRANSLATE_NOOP("quillmere::FineTuningCards", "CSV, JSONL, TXT"), "arrow.up.doc.fill", Color::blue()},
+        {QT_TRANSLATE_NOOP("quillmere::FineTuningCards", "Sample Dataset"),
+            QT_TRANSLATE_NOOP("quillmere::FineTuningCards", "Pre-loaded examples"), "doc.text.fill", Color::green()},
+        {QT_TRANSLATE_NOOP("quillmere::FineTuningCards", "Import URL"),
+            QT_TRANSLATE_NOOP("quillmere::FineTuningCards", "Fetch from link"), "link.circle.fill", Color::purple()},
+        {QT_TRANSLATE_NOOP("quillmere::FineTuningCards", "Database"),
+            QT_TRANSLATE_NOOP("quillmere::FineTuningCards", "SQL, MongoDB"), "cylinder.fill", Color::orange()},
     }};
     return cards.at(size_t(option));
 }
@@ -36,15 +36,15 @@ const Card &card(FineTuningVocabulary::DatasetOption option)
 const Card &card(FineTuningVocabulary::TrainingGoal goal)
 {
     static const std::array<Card, 4> cards{{
-        {QT_TRANSLATE_NOOP("FineTuningCards", "General Purpose"),
-            QT_TRANSLATE_NOOP("FineTuningCards", "Balanced performance"), "brain", Color::blue()},
-        {QT_TRANSLATE_NOOP("FineTuningCards", "Chatbot"),
-            QT_TRANSLATE_NOOP("FineTuningCards", "Optimized for dialogue"), "bubble.left.and.bubble.right.fill",
-            Color::green()},
-        {QT_TRANSLATE_NOOP("FineTuningCards", "Classification"),
-            QT_TRANSLATE_NOOP("FineTuningCards", "Labeling & sorting"), "tag.fill", Color::orange()},
-        {QT_TRANSLATE_NOOP("FineTuningCards", "Code Generation"), QT_TRANSLATE_NOOP("FineTuningCards", "Writing code"),
-            "terminal.fill", Color::purple()},
+        {QT_TRANSLATE_NOOP("quillmere::FineTuningCards", "General Purpose"),
+            QT_TRANSLATE_NOOP("quillmere::FineTuningCards", "Balanced performance"), "brain", Color::blue()},
+        {QT_TRANSLATE_NOOP("quillmere::FineTuningCards", "Chatbot"),
+            QT_TRANSLATE_NOOP("quillmere::FineTuningCards", "Optimized for dialogue"),
+            "bubble.left.and.bubble.right.fill", Color::green()},
+        {QT_TRANSLATE_NOOP("quillmere::FineTuningCards", "Classification"),
+            QT_TRANSLATE_NOOP("quillmere::FineTuningCards", "Labeling & sorting"), "tag.fill", Color::orange()},
+        {QT_TRANSLATE_NOOP("quillmere::FineTuningCards", "Code Generation"),
+            QT_TRANSLATE_NOOP("quillmere::FineTuningCards", "Writing code"), "terminal.fill", Color::purple()},
     }};
     return cards.at(size_t(goal));
 }
@@ -52,10 +52,10 @@ const Card &card(FineTuningVocabulary::TrainingGoal goal)
 const char *description(FineTuningVocabulary::BaseModel model)
 {
     static constexpr std::array<const char *, 4> descriptions{
-        QT_TRANSLATE_NOOP("FineTuningCards", "Fast & cost-effective"),
-        QT_TRANSLATE_NOOP("FineTuningCards", "High reasoning capability"),
-        QT_TRANSLATE_NOOP("FineTuningCards", "Large context window"),
-        QT_TRANSLATE_NOOP("FineTuningCards", "Open source & flexible"),
+        QT_TRANSLATE_NOOP("quillmere::FineTuningCards", "Fast & cost-effective"),
+        QT_TRANSLATE_NOOP("quillmere::FineTuningCards", "High reasoning capability"),
+        QT_TRANSLATE_NOOP("quillmere::FineTuningCards", "Large context window"),
+        QT_TRANSLATE_NOOP("quillmere::FineTuningCards", "Open source & flexible"),
     };
     return descriptions.at(size_t(model));
 }

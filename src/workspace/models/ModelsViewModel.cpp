@@ -24,11 +24,11 @@ const char *nameOf(ModelsVocabulary::ModelFilter filter)
 {
     switch (filter) {
     case ModelsVocabulary::ModelFilter::All:
-        return QT_TRANSLATE_NOOP("ModelsViewModel", "All");
+        return QT_TRANSLATE_NOOP("quillmere::ModelsViewModel", "All");
     case ModelsVocabulary::ModelFilter::Supported:
-        return QT_TRANSLATE_NOOP("ModelsViewModel", "Fine-tunable");
+        return QT_TRANSLATE_NOOP("quillmere::ModelsViewModel", "Fine-tunable");
     case ModelsVocabulary::ModelFilter::Downloaded:
-        return QT_TRANSLATE_NOOP("ModelsViewModel", "Downloaded");
+        return QT_TRANSLATE_NOOP("quillmere::ModelsViewModel", "Downloaded");
     }
     Q_UNREACHABLE();
 }

@@ -38,13 +38,13 @@ const char *nameOf(SettingsVocabulary::SettingsSection section)
 {
     switch (section) {
     case SettingsVocabulary::SettingsSection::Account:
-        return QT_TRANSLATE_NOOP("SettingsViewModel", "Account");
+        return QT_TRANSLATE_NOOP("quillmere::SettingsViewModel", "Account");
     case SettingsVocabulary::SettingsSection::Subscription:
-        return QT_TRANSLATE_NOOP("SettingsViewModel", "Subscription");
+        return QT_TRANSLATE_NOOP("quillmere::SettingsViewModel", "Subscription");
     case SettingsVocabulary::SettingsSection::Preferences:
-        return QT_TRANSLATE_NOOP("SettingsViewModel", "Preferences");
+        return QT_TRANSLATE_NOOP("quillmere::SettingsViewModel", "Preferences");
     case SettingsVocabulary::SettingsSection::About:
-        return QT_TRANSLATE_NOOP("SettingsViewModel", "About");
+        return QT_TRANSLATE_NOOP("quillmere::SettingsViewModel", "About");
     }
     Q_UNREACHABLE();
 }

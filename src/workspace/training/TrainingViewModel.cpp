@@ -68,13 +68,13 @@ const char *nameOf(TrainingVocabulary::JobStatusFilter filter)
 {
     switch (filter) {
     case TrainingVocabulary::JobStatusFilter::All:
-        return QT_TRANSLATE_NOOP("TrainingViewModel", "All");
+        return QT_TRANSLATE_NOOP("quillmere::TrainingViewModel", "All");
     case TrainingVocabulary::JobStatusFilter::Running:
-        return QT_TRANSLATE_NOOP("TrainingViewModel", "Running");
+        return QT_TRANSLATE_NOOP("quillmere::TrainingViewModel", "Running");
     case TrainingVocabulary::JobStatusFilter::Completed:
-        return QT_TRANSLATE_NOOP("TrainingViewModel", "Completed");
+        return QT_TRANSLATE_NOOP("quillmere::TrainingViewModel", "Completed");
     case TrainingVocabulary::JobStatusFilter::Failed:
-        return QT_TRANSLATE_NOOP("TrainingViewModel", "Failed");
+        return QT_TRANSLATE_NOOP("quillmere::TrainingViewModel", "Failed");
     }
     Q_UNREACHABLE();
 }
